@@ -1,0 +1,6 @@
+// PENDING: replaced by the installation change.
+#include "benchmark/mdlBenchmark.h"
+namespace mdlBenchmark {
+void DetectInstalledGame() {}
+void SelectVariant(Variant) {}
+}

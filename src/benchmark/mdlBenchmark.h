@@ -1,0 +1,95 @@
+// The application's state and the operations of the benchmark runs.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "benchmark/fixed_text.h"
+
+namespace mdlBenchmark {
+
+// One record of lowframerate.log. Every field is text, never a number.
+struct RunResult {
+  FixedText<14> LevelName;
+  FixedText<10> LowFps;
+  FixedText<10> AverageFps;
+  FixedText<10> HighFps;
+};
+
+struct AppStateRecord {
+  std::string GamePath;  // install folder of the selected variant, no trailing backslash
+  std::string AppPath;   // folder of the program, always with a trailing backslash
+  std::vector<RunResult> RunResults;  // used from index 1; element 0 is never filled
+  std::int16_t ResolutionCount = 0;
+  std::string ResolutionList;                // "640x480_1024x768_": shrinks during a run
+  std::vector<std::string> ResolutionNames;  // used from index 1
+  std::string RenderEngine;                  // "D3D" or "OGL"
+  std::string GameVersion;                   // "full" or "demo"
+};
+
+extern AppStateRecord AppState;
+
+// ---- Resolutions ---------------------------------------------------------------------------
+// Rebuilds ResolutionCount, ResolutionList and ResolutionNames from the five boxes of Form1.
+void CollectResolutions();
+// Takes the first resolution off ResolutionList.
+std::string NextResolution();
+
+// ---- Run controls --------------------------------------------------------------------------
+void LockRunControls();
+void UnlockRunControls();
+
+// ---- Logs ----------------------------------------------------------------------------------
+std::string BenchmarkLogPath();
+std::string LowFrameRateLogPath();
+// Empties both logs. False when a log could not be emptied; the user has been told then.
+// With no game found there is no log folder, and nothing is done.
+bool ResetBenchmarkLogs();
+// Parses lowframerate.log into RunResults.
+void ReadRunResults();
+
+// ---- Report --------------------------------------------------------------------------------
+std::string ResultsPath();
+// Reads the log and writes results.html anew with the given number of level columns.
+// False when the file could not be written; the user has been told then.
+bool WriteResultsTables(int columns);
+bool AppendRunNotes(const std::string& runSentence, const std::string& iniSentence);
+// Hands a file to the shell, which opens it in its associated program.
+void OpenDocument(const std::string& path);
+
+// ---- Runs ----------------------------------------------------------------------------------
+// What a test button does around its run: empty the logs, lock, run, unlock.
+template <class Run>
+void RunTestFrame(Run run) {
+  if (!ResetBenchmarkLogs()) {
+    UnlockRunControls();
+    return;
+  }
+  LockRunControls();
+  run();
+  UnlockRunControls();
+}
+
+void RunCpuBenchmark();
+enum class Quality { High, Low };
+void RunQualitySuite(Quality quality);
+// The closing notes of a preset test; the custom test has none.
+struct RunNotes {
+  std::string runSentence;
+  std::string iniSentence;
+};
+// The end of every run: the report, its notes where the test has them, and its opening.
+void FinishRun(int columns, const RunNotes* notes);
+
+// ---- Installation and start-up ---------------------------------------------------------------
+void DetectInstalledGame();
+// Option3 and Option4 of Form1: change to the variant of the given button.
+enum class Variant { Full, Demo };
+void SelectVariant(Variant variant);
+void ResolveAppPath();
+
+// Back to the state of a process that has just started; for the tests.
+void ResetState();
+
+}  // namespace mdlBenchmark

@@ -1,0 +1,87 @@
+// The preset tests: the CPU benchmark and the two quality suites.
+#include "benchmark/mdlBenchmark.h"
+#include "launch/command_line.h"
+#include "launch/mdlapp_sync.h"
+#include "platform/forms/window.h"
+
+namespace mdlBenchmark {
+namespace {
+
+struct Level {
+  const char* name;
+  const char* seconds;
+};
+
+// Resolutions run outside, levels inside: the report reads the records in that order.
+const Level kFullSuite[] = {{"dm-antalus", "77"}, {"dom-suntemple", "77"}, {"dm-phobos2", "77"},
+                            {"dm-inferno", "77"}, {"ctf-face3", "116"},    {"ctf-citadel", "77"},
+                            {"dm-asbestos", "71"}};
+const Level kDemoSuite[] = {{"dm-antalus", "77"}, {"dm-asbestos", "77"}, {"ctf-citadel", "77"}};
+
+const char* const kNoSound = "-nosound ";
+
+// The ini file under the program's INI folder for the chosen renderer.
+std::string IniPath(const char* iniFile) {
+  return AppState.AppPath + "INI\\" + AppState.RenderEngine + iniFile;
+}
+
+std::string UserIniPath(const char* userIniFile) { return AppState.GamePath + userIniFile; }
+
+// No box ticked: the test is refused.
+bool ResolutionsChosen() {
+  CollectResolutions();
+  if (AppState.ResolutionCount != 0) return true;
+  forms::MsgBox("Please Select at least one resolution to use", platform::kMbOk,
+                std::string("Select a Resolution"));
+  return false;
+}
+
+}  // namespace
+
+void FinishRun(int columns, const RunNotes* notes) {
+  if (!WriteResultsTables(columns)) return;
+  if (notes != nullptr && !AppendRunNotes(notes->runSentence, notes->iniSentence)) return;
+  OpenDocument(ResultsPath());
+}
+
+void RunCpuBenchmark() {
+  if (!ResolutionsChosen()) return;
+  const char* level = AppState.GameVersion == "demo" ? "dm-antalus" : "dm-inferno";
+  for (int turn = 0; turn < AppState.ResolutionCount; ++turn) {
+    std::string resolution = NextResolution();
+    mdlapp_sync::RunAppSync(mdlapp_sync::ComposeCommandLine(
+        level, "77", kNoSound, IniPath("\\CPU_LowDetail.ini"),
+        UserIniPath("\\Benchmark\\Stuff\\MinDetailUser.ini"), resolution));
+  }
+  const RunNotes notes{"This test was run using the CPU Bench Option",
+                       "This test was run using the CPU_LowDetail.ini provided by Kelvarnite"};
+  FinishRun(1, &notes);
+}
+
+void RunQualitySuite(Quality quality) {
+  const bool high = quality == Quality::High;
+  const char* iniFile = high ? "\\Custom_MaxDetail.ini" : "\\Custom_MinDetail.ini";
+  const char* userIniFile =
+      high ? "\\Benchmark\\Stuff\\MaxDetailUser.ini" : "\\Benchmark\\Stuff\\MinDetailUser.ini";
+  const RunNotes notes =
+      high ? RunNotes{"This test was run using the High Quality Option",
+                      "This test was run using the Custom_MaxDetail.ini provided by Kelvarnite"}
+           : RunNotes{"This test was run using the Low Quality Option",
+                      "This test was run using the Custom_MinDetail.ini provided by Kelvarnite"};
+
+  if (!ResolutionsChosen()) return;
+  const bool demo = AppState.GameVersion == "demo";
+  const Level* first = demo ? std::begin(kDemoSuite) : std::begin(kFullSuite);
+  const Level* last = demo ? std::end(kDemoSuite) : std::end(kFullSuite);
+  for (int turn = 0; turn < AppState.ResolutionCount; ++turn) {
+    std::string resolution = NextResolution();
+    for (const Level* level = first; level != last; ++level) {
+      mdlapp_sync::RunAppSync(mdlapp_sync::ComposeCommandLine(
+          level->name, level->seconds, kNoSound, IniPath(iniFile), UserIniPath(userIniFile),
+          resolution));
+    }
+  }
+  FinishRun(static_cast<int>(last - first), &notes);
+}
+
+}  // namespace mdlBenchmark

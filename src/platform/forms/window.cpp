@@ -1,0 +1,141 @@
+#include "platform/forms/window.h"
+
+#include <algorithm>
+
+namespace forms {
+namespace {
+
+// Owned here: the open windows, and those closed during the current event.
+std::vector<std::unique_ptr<Window>>& OpenList() {
+  static std::vector<std::unique_ptr<Window>> list;
+  return list;
+}
+
+std::vector<std::unique_ptr<Window>>& ClosedList() {
+  static std::vector<std::unique_ptr<Window>> list;
+  return list;
+}
+
+std::unique_ptr<Control> MakeControl(Window& window, const ControlArgs& args) {
+  switch (args.type) {
+    case ControlType::Frame: return std::make_unique<Frame>(window, args);
+    case ControlType::CheckBox: return std::make_unique<CheckBox>(window, args);
+    case ControlType::OptionButton: return std::make_unique<OptionButton>(window, args);
+    case ControlType::CommandButton: return std::make_unique<CommandButton>(window, args);
+    case ControlType::TextBox: return std::make_unique<TextBox>(window, args);
+    case ControlType::ComboBox: return std::make_unique<ComboBox>(window, args);
+    case ControlType::Label: return std::make_unique<Label>(window, args);
+    case ControlType::PictureBox: return std::make_unique<PictureBox>(window, args);
+  }
+  throw std::logic_error("unknown control type");
+}
+
+}  // namespace
+
+Window::Window(const WindowArgs& args) : args_(args), name_(args.name), caption_(args.caption) {}
+
+Window::~Window() = default;
+
+void Window::SetCaption(const std::string& caption) {
+  caption_ = caption;
+  if (hwnd_ != 0) platform::ShowNativeWindow(*this);
+}
+
+Control* Window::Find(const std::string& name, int index) const {
+  for (const auto& control : controls_) {
+    if (control->Name() == name && control->Index() == index) return control.get();
+  }
+  return nullptr;
+}
+
+void Window::AddControls(const ControlArgs* table, std::size_t count) {
+  std::size_t first = controls_.size();
+  for (std::size_t i = 0; i < count; ++i) controls_.push_back(MakeControl(*this, table[i]));
+  // A frame may follow its controls in tab order, so containers are bound afterwards.
+  for (std::size_t i = 0; i < count; ++i) {
+    if (table[i].container == nullptr) continue;
+    Control* container = Find(table[i].container);
+    if (container == nullptr) {
+      throw std::logic_error(std::string("no container ") + table[i].container);
+    }
+    controls_[first + i]->container_ = container;
+  }
+}
+
+void Window::AddMenus(const MenuArgs* table, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) menus_.push_back(MenuItem{table[i], nullptr});
+}
+
+MenuItem& Window::Menu(const std::string& name) {
+  for (auto& item : menus_) {
+    if (name == item.args.name) return item;
+  }
+  throw std::logic_error("no menu entry " + name);
+}
+
+void Window::UserMenuClick(const std::string& name) {
+  if (closed_) return;
+  MenuItem& item = Menu(name);
+  if (item.Click) item.Click();
+}
+
+void Window::UserClose() {
+  if (closed_) return;
+  Form_Unload();
+  Unload(*this);
+}
+
+Window& Load(std::unique_ptr<Window> window) {
+  Window& loaded = *window;
+  OpenList().push_back(std::move(window));
+  loaded.hwnd_ = platform::CreateNativeWindow(loaded);
+  loaded.Form_Load();
+  return loaded;
+}
+
+void Show(Window& window) {
+  if (!window.Closed()) platform::ShowNativeWindow(window);
+}
+
+void Unload(Window& window) {
+  if (window.closed_) return;
+  window.closed_ = true;
+  platform::DestroyNativeWindow(window);
+  window.hwnd_ = 0;
+  auto& open = OpenList();
+  auto it = std::find_if(open.begin(), open.end(), [&](const auto& w) { return w.get() == &window; });
+  if (it != open.end()) {
+    ClosedList().push_back(std::move(*it));
+    open.erase(it);
+  }
+}
+
+void CollectClosed() { ClosedList().clear(); }
+
+void DropAll() {
+  for (auto& window : OpenList()) {
+    window->closed_ = true;
+    platform::DestroyNativeWindow(*window);
+  }
+  OpenList().clear();
+  ClosedList().clear();
+}
+
+std::vector<Window*> OpenWindows() {
+  std::vector<Window*> result;
+  for (const auto& window : OpenList()) result.push_back(window.get());
+  return result;
+}
+
+Window* FindOpen(const std::string& name) {
+  for (const auto& window : OpenList()) {
+    if (window->Name() == name) return window.get();
+  }
+  return nullptr;
+}
+
+int MsgBox(const std::string& prompt, int buttons, const std::optional<std::string>& title) {
+  return platform::MessageBoxA(prompt, title ? *title : platform::ApplicationTitle(), buttons);
+}
+
+}  // namespace forms

@@ -1,0 +1,127 @@
+// Windows that hold their controls, and the program's list of open windows.
+//
+// A window exists from the moment it is loaded until it is closed. Closing drops it with
+// everything in it; showing it again builds it anew from its control table. A window closed
+// inside one of its own handlers stays in memory until the event that closed it has ended.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/forms/control.h"
+#include "platform/platform.h"
+
+namespace forms {
+
+enum class BorderStyle { FixedSingle, FixedDialog };
+
+struct WindowArgs {
+  const char* name;
+  const char* caption;
+  int clientWidth, clientHeight;  // twips
+  BorderStyle border = BorderStyle::FixedSingle;
+  bool hasMenu = false;
+  std::optional<int> left = std::nullopt, top = std::nullopt;  // twips; none: the platform places it
+};
+
+// One entry of a window's menu; a null parent puts it on the menu bar.
+struct MenuArgs {
+  const char* name;
+  const char* caption;  // "&" marks the access key
+  const char* parent;
+};
+
+struct MenuItem {
+  MenuArgs args;
+  std::function<void()> Click;
+};
+
+class Window {
+ public:
+  explicit Window(const WindowArgs& args);
+  virtual ~Window();
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+
+  const std::string& Name() const { return name_; }
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(const std::string& caption);
+  const WindowArgs& Args() const { return args_; }
+  platform::WindowHandle hWnd() const { return hwnd_; }
+  bool Closed() const { return closed_; }
+
+  const std::vector<std::unique_ptr<Control>>& Controls() const { return controls_; }
+  Control* Find(const std::string& name, int index = -1) const;
+  template <class T>
+  T& Get(const std::string& name, int index = -1) const {
+    T* control = dynamic_cast<T*>(Find(name, index));
+    if (control == nullptr) throw std::logic_error("no control " + name + " of that type");
+    return *control;
+  }
+
+  const std::vector<MenuItem>& Menus() const { return menus_; }
+  MenuItem& Menu(const std::string& name);
+
+  // The user asked to close the window (the close button of the title bar).
+  void UserClose();
+  // The user chose a menu entry.
+  void UserMenuClick(const std::string& name);
+
+ protected:
+  // Builds the controls of one table, in tab order.
+  void AddControls(const ControlArgs* table, std::size_t count);
+  void AddMenus(const MenuArgs* table, std::size_t count);
+  virtual void Form_Load() {}
+  virtual void Form_Unload() {}
+
+ private:
+  friend Window& Load(std::unique_ptr<Window> window);
+  friend void Unload(Window& window);
+  friend void DropAll();
+  WindowArgs args_;
+  std::string name_;
+  std::string caption_;
+  platform::WindowHandle hwnd_ = 0;
+  bool closed_ = false;
+  std::vector<std::unique_ptr<Control>> controls_;
+  std::vector<MenuItem> menus_;
+};
+
+// Takes the window into the list of open windows, creates it on the platform and runs its
+// load handler. The window is not shown yet.
+Window& Load(std::unique_ptr<Window> window);
+// Shows a loaded window.
+void Show(Window& window);
+// Closes the window: off the screen and out of the list. It is freed by CollectClosed.
+void Unload(Window& window);
+// Frees the windows closed since the last call. The event loop calls it between events.
+void CollectClosed();
+// Drops every window at once, open or closed, with no handler: the end of the process.
+void DropAll();
+
+// The open windows, in the order of loading.
+std::vector<Window*> OpenWindows();
+Window* FindOpen(const std::string& name);
+
+// The window of the given class by its name: the open one, or a new one, loaded and shown.
+template <class W>
+W& ShowWindow() {
+  if (Window* open = FindOpen(W::kName)) {
+    Show(*open);
+    return static_cast<W&>(*open);
+  }
+  Window& window = Load(std::make_unique<W>());
+  Show(window);
+  return static_cast<W&>(window);
+}
+
+// A modal message box. Without a title of its own it carries the application's title.
+int MsgBox(const std::string& prompt, int buttons = platform::kMbOk,
+           const std::optional<std::string>& title = std::nullopt);
+
+}  // namespace forms

@@ -1,0 +1,40 @@
+// The program itself on the headless machine: its folder, its end, and a fresh start.
+#include "platform/forms/window.h"
+#include "platform/headless/state.h"
+
+namespace headless {
+namespace detail {
+
+Machine& M() {
+  static Machine machine;
+  return machine;
+}
+
+}  // namespace detail
+
+using detail::M;
+
+void Reset(const std::filesystem::path& root) {
+  forms::DropAll();
+  M() = detail::Machine{};
+  M().root = root;
+  ResetRegistry();
+}
+
+void SetProgramFolder(const std::string& windowsPath) { M().programFolder = windowsPath; }
+
+bool ProcessEnded() { return M().ended; }
+
+}  // namespace headless
+
+namespace platform {
+using headless::detail::M;
+
+std::string ProgramFolder() { return M().programFolder; }
+
+void EndProcess() {
+  M().ended = true;
+  throw headless::ProcessExit{};
+}
+
+}  // namespace platform

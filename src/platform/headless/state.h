@@ -1,0 +1,30 @@
+// The state of the headless machine, shared by its parts.
+#pragma once
+
+#include <deque>
+#include <set>
+
+#include "platform/headless/headless.h"
+
+namespace headless::detail {
+
+struct Machine {
+  std::filesystem::path root;
+  std::string programFolder = "C:\\Bench";
+  bool ended = false;
+  std::set<std::string> readOnly, locked;  // host paths
+  std::deque<GameRun> gameRuns;
+  std::vector<Start> starts;
+  int processHandles = 0;
+  std::vector<Box> boxes;
+  std::function<int(const Box&)> answer;
+  std::vector<ShellCall> shellCalls;
+  std::deque<std::optional<std::string>> dialogAnswers;
+  std::vector<std::string> dialogFilters;
+  std::set<platform::WindowHandle> shown;
+  platform::WindowHandle nextWindow = 0x10010;
+};
+
+Machine& M();
+
+}  // namespace headless::detail

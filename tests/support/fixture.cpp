@@ -1,0 +1,61 @@
+#include "support/fixture.h"
+
+#include <random>
+
+#include "platform/forms/window.h"
+
+namespace testing_support {
+
+void HeadlessTest::SetUp() {
+  std::random_device random;
+  root_ = std::filesystem::temp_directory_path() /
+          ("kelvarnite-test-" + std::to_string(random()) + std::to_string(random()));
+  std::filesystem::create_directories(root_);
+  headless::Reset(root_);
+  mdlBenchmark::ResetState();
+}
+
+void HeadlessTest::TearDown() {
+  forms::DropAll();
+  std::error_code ignored;
+  std::filesystem::remove_all(root_, ignored);
+}
+
+namespace {
+
+void Install(const char* key, const std::string& folder) {
+  headless::SetString(platform::kLocalMachine, key, "Folder", folder);
+  headless::PutFile(folder + "\\System\\ut2003.exe", "stand-in");
+  headless::MakeFolder(folder + "\\Benchmark");
+}
+
+}  // namespace
+
+void HeadlessTest::InstallFull(const std::string& folder) { Install(kFullKey, folder); }
+
+void HeadlessTest::InstallDemo(const std::string& folder) { Install(kDemoKey, folder); }
+
+Form1& HeadlessTest::StartProgram() {
+  headless::RunAsEvent([] { forms::Show(forms::Load(std::make_unique<Form1>())); });
+  return MainForm();
+}
+
+void HeadlessTest::Tick(std::initializer_list<int> boxes) {
+  for (int box : boxes) EXPECT_TRUE(headless::Click(*MainForm().Check1[box]));
+}
+
+std::vector<std::string> HeadlessTest::Lines(const std::string& bytes) {
+  std::vector<std::string> lines;
+  std::size_t start = 0;
+  for (std::size_t end; (end = bytes.find("\r\n", start)) != std::string::npos; start = end + 2) {
+    lines.push_back(bytes.substr(start, end - start));
+  }
+  EXPECT_EQ(start, bytes.size()) << "the text does not end in CR LF";
+  return lines;
+}
+
+std::string HeadlessTest::FileOrMissing(const std::string& windowsPath) {
+  return headless::GetFile(windowsPath).value_or("<missing>");
+}
+
+}  // namespace testing_support
