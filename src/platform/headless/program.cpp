@@ -19,9 +19,14 @@ void Reset(const std::filesystem::path& root) {
   M() = detail::Machine{};
   M().root = root;
   ResetRegistry();
+  SetProgramFolder(M().programFolder);
 }
 
-void SetProgramFolder(const std::string& windowsPath) { M().programFolder = windowsPath; }
+// The running program lies in its folder, so the folder exists.
+void SetProgramFolder(const std::string& windowsPath) {
+  M().programFolder = windowsPath;
+  MakeFolder(windowsPath);
+}
 
 bool ProcessEnded() { return M().ended; }
 
