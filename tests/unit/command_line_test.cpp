@@ -1,0 +1,50 @@
+#include <gtest/gtest.h>
+
+#include "benchmark/mdlBenchmark.h"
+#include "launch/command_line.h"
+
+namespace {
+
+struct LineCase {
+  const char* gamePath;
+  const char* level;
+  const char* seconds;
+  const char* sound;
+  const char* ini;
+  const char* userIni;
+  const char* resolution;
+  const char* line;
+};
+
+TEST(CommandLine, PiecesGoInAsTheyAreBetweenQuotes) {
+  const LineCase cases[] = {
+      {"C:\\Games\\UT2003", "dm-inferno", "77", "-nosound ", "C:\\Bench\\INI\\D3D\\CPU_LowDetail.ini",
+       "C:\\Games\\UT2003\\Benchmark\\Stuff\\MinDetailUser.ini", "1024x768",
+       "\"C:\\Games\\UT2003\\System\\ut2003.exe\" dm-inferno?game=engine.gameinfo "
+       "exec=\"C:\\Games\\UT2003\\Benchmark\\Stuff\\flybyexec.txt\" -benchmark -seconds=77 "
+       "-nosound ini=\"C:\\Bench\\INI\\D3D\\CPU_LowDetail.ini\" "
+       "userini=\"C:\\Games\\UT2003\\Benchmark\\Stuff\\MinDetailUser.ini\" -1024x768"},
+      // Blanks in both paths stay inside the quotes, so the game gets them as one argument.
+      {"D:\\My Games\\UT 2003", "dm-inferno", "77", "-nosound ",
+       "C:\\Program Files\\Bench\\INI\\OGL\\CPU_LowDetail.ini",
+       "D:\\My Games\\UT 2003\\Benchmark\\Stuff\\MinDetailUser.ini", "640x480",
+       "\"D:\\My Games\\UT 2003\\System\\ut2003.exe\" dm-inferno?game=engine.gameinfo "
+       "exec=\"D:\\My Games\\UT 2003\\Benchmark\\Stuff\\flybyexec.txt\" -benchmark -seconds=77 "
+       "-nosound ini=\"C:\\Program Files\\Bench\\INI\\OGL\\CPU_LowDetail.ini\" "
+       "userini=\"D:\\My Games\\UT 2003\\Benchmark\\Stuff\\MinDetailUser.ini\" -640x480"},
+      // No game found: the line starts with the quote and the program's own path.
+      {"", "dm-antalus", " 77", "", "x.ini", "\\Benchmark\\Stuff\\MaxDetailUser.ini", "1600x1200",
+       "\"\\System\\ut2003.exe\" dm-antalus?game=engine.gameinfo "
+       "exec=\"\\Benchmark\\Stuff\\flybyexec.txt\" -benchmark -seconds= 77 ini=\"x.ini\" "
+       "userini=\"\\Benchmark\\Stuff\\MaxDetailUser.ini\" -1600x1200"},
+  };
+  for (const LineCase& c : cases) {
+    mdlBenchmark::AppState.GamePath = c.gamePath;
+    EXPECT_EQ(mdlapp_sync::ComposeCommandLine(c.level, c.seconds, c.sound, c.ini, c.userIni,
+                                              c.resolution),
+              c.line);
+  }
+  mdlBenchmark::ResetState();
+}
+
+}  // namespace
