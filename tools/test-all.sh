@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Every test: the unit tests on the headless platform (with AddressSanitizer and
+# UndefinedBehaviorSanitizer), both Windows builds, and the checks under Wine.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+tools/install-deps.sh
+
+echo "== Unit tests"
+cmake --preset native >/dev/null
+cmake --build --preset native
+ctest --preset native
+
+echo "== Windows builds"
+tools/build-windows.sh
+
+echo "== Registry layer under Wine"
+tests/wine/run-registry-check.sh build/mingw-x86_64/tests/wine/registry_check.exe
