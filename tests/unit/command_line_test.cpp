@@ -48,3 +48,32 @@ TEST(CommandLine, PiecesGoInAsTheyAreBetweenQuotes) {
 }
 
 }  // namespace
+
+#include "platform/start_failure.h"
+
+namespace {
+
+TEST(StartFailure, SystemErrorsBecomeWhatTheUserIsTold) {
+  const struct {
+    unsigned long code;
+    const char* message;
+    int number;
+    const char* description;
+  } cases[] = {
+      {2, "", 53, "File not found"},          {3, "", 53, "File not found"},
+      {123, "", 53, "File not found"},        {267, "", 53, "File not found"},
+      {5, "", 70, "Permission denied"},       {32, "", 70, "Permission denied"},
+      {193, "", 5, "Not a valid Windows program"},
+      {216, "", 5, "Not a valid Windows program"},
+      {1455, "The paging file is too small for this operation to complete.\r\n", 5,
+       "The paging file is too small for this operation to complete"},
+      {9999, "", 5, "Error 9999"},
+  };
+  for (const auto& c : cases) {
+    platform::StartFailure failure = platform::StartFailureForSystemError(c.code, c.message);
+    EXPECT_EQ(failure.number, c.number) << c.code;
+    EXPECT_EQ(failure.description, c.description) << c.code;
+  }
+}
+
+}  // namespace
