@@ -1,5 +1,7 @@
 #include "support/fixture.h"
 
+#include <fstream>
+#include <iterator>
 #include <random>
 
 #include "platform/forms/window.h"
@@ -56,6 +58,16 @@ std::vector<std::string> HeadlessTest::Lines(const std::string& bytes) {
 
 std::string HeadlessTest::FileOrMissing(const std::string& windowsPath) {
   return headless::GetFile(windowsPath).value_or("<missing>");
+}
+
+}  // namespace testing_support
+
+namespace testing_support {
+
+std::string HeadlessTest::Golden(const std::string& name) {
+  std::ifstream in(std::filesystem::path(KELVARNITE_GOLDEN_DIR) / name, std::ios::binary);
+  EXPECT_TRUE(in) << "no golden file " << name;
+  return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 }  // namespace testing_support

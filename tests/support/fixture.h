@@ -34,6 +34,8 @@ class HeadlessTest : public ::testing::Test {
   // The lines of a file split at CR LF; the file must end in CR LF.
   static std::vector<std::string> Lines(const std::string& bytes);
   static std::string FileOrMissing(const std::string& windowsPath);
+  // An expected file of tests/golden, as bytes.
+  static std::string Golden(const std::string& name);
 
   std::filesystem::path root_;
 };

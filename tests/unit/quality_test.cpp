@@ -1,4 +1,3 @@
-#include "support/expected_text.h"
 #include "support/fixture.h"
 
 namespace {
@@ -10,126 +9,6 @@ class QualitySuite : public HeadlessTest {
   static std::string Report() { return FileOrMissing("C:\\Bench\\results.html"); }
 };
 
-// A High Quality test of the full game with Direct3D at 640x480 and 1024x768.
-const char* const kWorkedExample = R"(
-<META GENERATOR=Kelvarnite UT2003 Benchmark>
-<TABLE BORDER=1 CELLPADDING=3 ALIGN=CENTER>
-<CAPTION ALIGN=TOP><B>Low FPS</b></caption>
-<TR>
-<TD>Resolution
-<TD>dm-antalus    |
-<TD>dom-suntemple |
-<TD>dm-phobos2    |
-<TD>dm-inferno    |
-<TD>ctf-face3     |
-<TD>ctf-citadel   |
-<TD>dm-asbestos   |
-</TR>
-<TR>
-<TD>640x480
-<TD>41.20     |
-<TD>36.75     |
-<TD>44.10     |
-<TD>33.08     |
-<TD>29.64     |
-<TD>38.51     |
-<TD>47.33     |
-</TR>
-<TR>
-<TD>1024x768
-<TD>30.12     |
-<TD>27.40     |
-<TD>35.96     |
-<TD>24.87     |
-<TD>21.05     |
-<TD>28.69     |
-<TD>36.18     |
-</TR>
-</TABLE>
-<BR>
-<BR>
-<TABLE BORDER=1 CELLPADDING=3 ALIGN=CENTER>
-<CAPTION ALIGN=TOP><B>Average FPS</b></caption>
-<TR>
-<TD>Resolution
-<TD>dm-antalus    |
-<TD>dom-suntemple |
-<TD>dm-phobos2    |
-<TD>dm-inferno    |
-<TD>ctf-face3     |
-<TD>ctf-citadel   |
-<TD>dm-asbestos   |
-</TR>
-<TR>
-<TD>640x480
-<TD>61.20     |
-<TD>56.75     |
-<TD>64.10     |
-<TD>53.08     |
-<TD>49.64     |
-<TD>58.51     |
-<TD>67.33     |
-</TR>
-<TR>
-<TD>1024x768
-<TD>50.12     |
-<TD>47.40     |
-<TD>55.96     |
-<TD>44.87     |
-<TD>41.05     |
-<TD>48.69     |
-<TD>56.18     |
-</TR>
-</TABLE>
-<BR>
-<BR>
-<TABLE BORDER=1 CELLPADDING=3 ALIGN=CENTER>
-<CAPTION ALIGN=TOP><B>High FPS</b></caption>
-<TR>
-<TD>Resolution
-<TD>dm-antalus    |
-<TD>dom-suntemple |
-<TD>dm-phobos2    |
-<TD>dm-inferno    |
-<TD>ctf-face3     |
-<TD>ctf-citadel   |
-<TD>dm-asbestos   |
-</TR>
-<TR>
-<TD>640x480
-<TD>98.40     |
-<TD>87.15     |
-<TD>101.90    |
-<TD>80.22     |
-<TD>72.31     |
-<TD>90.06     |
-<TD>110.75    |
-</TR>
-<TR>
-<TD>1024x768
-<TD>70.80     |
-<TD>65.33     |
-<TD>82.47     |
-<TD>60.01     |
-<TD>52.90     |
-<TD>68.12     |
-<TD>85.64     |
-</TR>
-</TABLE>
-<BR>
-<BR>
-<BR>
-<CENTER>
-This test was run using the High Quality Option
-<BR>
-This test was run using the Direct3D Rendering Engine
-<BR>
-This test was run using the full version of Unreal Tournament 2003
-<BR>
-This test was run using the Custom_MaxDetail.ini provided by Kelvarnite
-<BR>
-</CENTER>
-)";
 
 TEST_F(QualitySuite, WorkedExampleIsWrittenByteForByte) {
   InstallFull();
@@ -155,7 +34,7 @@ TEST_F(QualitySuite, WorkedExampleIsWrittenByteForByte) {
   Run(true);
   EXPECT_EQ(headless::Starts().size(), 14u);
   EXPECT_EQ(Lines(Report()).size(), 117u);
-  EXPECT_EQ(Report(), CrLfText(kWorkedExample));
+  EXPECT_EQ(Report(), Golden("high_quality_full_640x480_1024x768.html"));
 }
 
 struct SuiteCase {
