@@ -1,0 +1,99 @@
+// Text files as whole byte strings, read, written or appended in one call.
+#include <algorithm>
+
+#include "platform/platform.h"
+#include "platform/win32/win32.h"
+
+namespace {
+
+// The short reason that the user is told, for the failures that a user can act upon.
+std::string ReasonOf(DWORD code) {
+  switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+      return "File not found";
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_BAD_NETPATH:
+    case ERROR_INVALID_DRIVE:
+      return "Path not found";
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_WRITE_PROTECT:
+      return "Permission denied";
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+      return "Disk full";
+    default:
+      return win32::SystemMessage(code);
+  }
+}
+
+bool Fail(std::string* reason, DWORD code) {
+  if (reason != nullptr) *reason = ReasonOf(code);
+  return false;
+}
+
+}  // namespace
+
+namespace platform {
+
+bool WriteTextFile(const std::string& path, const std::string& bytes, bool append,
+                   std::string* reason) {
+  HANDLE file = ::CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                              append ? OPEN_ALWAYS : CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return Fail(reason, ::GetLastError());
+  if (append && ::SetFilePointer(file, 0, nullptr, FILE_END) == INVALID_SET_FILE_POINTER &&
+      ::GetLastError() != NO_ERROR) {
+    DWORD code = ::GetLastError();
+    ::CloseHandle(file);
+    return Fail(reason, code);
+  }
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    DWORD chunk = static_cast<DWORD>(std::min<std::size_t>(bytes.size() - done, 1u << 20));
+    DWORD written = 0;
+    if (!::WriteFile(file, bytes.data() + done, chunk, &written, nullptr)) {
+      DWORD code = ::GetLastError();
+      ::CloseHandle(file);
+      return Fail(reason, code);
+    }
+    if (written == 0) {
+      // Nothing went out and nothing was reported: the volume has no room left.
+      ::CloseHandle(file);
+      return Fail(reason, ERROR_DISK_FULL);
+    }
+    done += written;
+  }
+  if (!::CloseHandle(file)) return Fail(reason, ::GetLastError());
+  return true;
+}
+
+bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reason) {
+  HANDLE file = ::CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                              nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return Fail(reason, ::GetLastError());
+  std::string content;
+  char buffer[65536];
+  for (;;) {
+    DWORD read = 0;
+    if (!::ReadFile(file, buffer, sizeof(buffer), &read, nullptr)) {
+      DWORD code = ::GetLastError();
+      ::CloseHandle(file);
+      return Fail(reason, code);
+    }
+    if (read == 0) break;
+    content.append(buffer, read);
+  }
+  ::CloseHandle(file);
+  *bytes = std::move(content);
+  return true;
+}
+
+bool NormalFileExists(const std::string& path) {
+  DWORD attributes = ::GetFileAttributesA(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+}  // namespace platform

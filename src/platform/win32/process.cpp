@@ -1,0 +1,91 @@
+// Starting the game and waiting for it.
+#include <vector>
+
+#include "platform/platform.h"
+#include "platform/win32/win32.h"
+
+namespace win32 {
+
+std::string SystemMessage(DWORD code) {
+  char* buffer = nullptr;
+  DWORD length = ::FormatMessageA(
+      FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+      nullptr, code, MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), reinterpret_cast<char*>(&buffer),
+      0, nullptr);
+  std::string text;
+  if (length != 0 && buffer != nullptr) text.assign(buffer, length);
+  if (buffer != nullptr) ::LocalFree(buffer);
+  while (!text.empty() &&
+         (text.back() == '\r' || text.back() == '\n' || text.back() == ' ' || text.back() == '.')) {
+    text.pop_back();
+  }
+  if (text.empty()) text = "System error " + std::to_string(code);
+  return text;
+}
+
+}  // namespace win32
+
+namespace {
+
+// Why CreateProcess failed, as a number in the tradition of the Shell function. The user
+// is told "cannot be found" only when the program really is not there.
+platform::StartFailure FailureOf(DWORD code) {
+  switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_DIRECTORY:
+      return {53, "File not found"};
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+      return {70, "Permission denied"};
+    case ERROR_BAD_EXE_FORMAT:
+    case ERROR_EXE_MACHINE_TYPE_MISMATCH:
+    case ERROR_BAD_FORMAT:
+      return {5, "Not a valid Windows program"};
+    default:
+      return {5, win32::SystemMessage(code)};
+  }
+}
+
+}  // namespace
+
+namespace platform {
+
+bool StartProcess(const std::string& commandLine, int windowStyle, std::uint32_t* processId,
+                  StartFailure* failure) {
+  // CreateProcessA may write into the line, so it gets a copy of its own.
+  std::vector<char> line(commandLine.begin(), commandLine.end());
+  line.push_back('\0');
+  STARTUPINFOA startup{};
+  startup.cb = sizeof(startup);
+  startup.dwFlags = STARTF_USESHOWWINDOW;
+  startup.wShowWindow = static_cast<WORD>(windowStyle);
+  PROCESS_INFORMATION info{};
+  if (!::CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &info)) {
+    DWORD code = ::GetLastError();
+    if (failure != nullptr) *failure = FailureOf(code);
+    return false;
+  }
+  // The caller waits through a handle of its own, opened by the process id.
+  ::CloseHandle(info.hThread);
+  ::CloseHandle(info.hProcess);
+  if (processId != nullptr) *processId = info.dwProcessId;
+  return true;
+}
+
+ProcessHandle OpenProcess(std::uint32_t access, bool inherit, std::uint32_t processId) {
+  return reinterpret_cast<ProcessHandle>(::OpenProcess(access, inherit ? TRUE : FALSE, processId));
+}
+
+std::uint32_t WaitForSingleObject(ProcessHandle handle, std::uint32_t milliseconds) {
+  return ::WaitForSingleObject(reinterpret_cast<HANDLE>(handle), milliseconds);
+}
+
+void CloseHandle(ProcessHandle handle) {
+  if (handle != 0) ::CloseHandle(reinterpret_cast<HANDLE>(handle));
+}
+
+}  // namespace platform

@@ -1,0 +1,55 @@
+// The message box, the shell and the file dialog.
+#include <algorithm>
+#include <vector>
+
+#include "platform/platform.h"
+#include "platform/win32/win32.h"
+
+#include <commdlg.h>
+#include <shellapi.h>
+
+namespace platform {
+
+std::intptr_t ShellExecuteA(WindowHandle owner, const char* operation, const char* file,
+                            const char* parameters, const char* directory, int showCommand) {
+  HINSTANCE result =
+      ::ShellExecuteA(win32::ToHwnd(owner), operation, file, parameters, directory, showCommand);
+  return reinterpret_cast<std::intptr_t>(result);
+}
+
+int MessageBoxA(const std::string& text, const std::string& title, int flags) {
+  // Owned by the active window, so that window is disabled while the box is open.
+  return ::MessageBoxA(::GetActiveWindow(), text.c_str(), title.c_str(),
+                       static_cast<UINT>(flags));
+}
+
+FileDialogResult ShowOpenFileDialog(const std::string& filter) {
+  // "description|pattern|..." becomes the NUL-separated list ended by two NULs.
+  std::string pairs = filter;
+  std::replace(pairs.begin(), pairs.end(), '|', '\0');
+  pairs.push_back('\0');
+  pairs.push_back('\0');
+
+  // Room for any path, so the dialog never fails for want of space.
+  std::vector<char> fileName(32768, '\0');
+  OPENFILENAMEA dialog{};
+  dialog.lStructSize = sizeof(dialog);
+  dialog.hwndOwner = ::GetActiveWindow();
+  dialog.lpstrFilter = pairs.c_str();
+  dialog.nFilterIndex = 1;
+  dialog.lpstrFile = fileName.data();
+  dialog.nMaxFile = static_cast<DWORD>(fileName.size());
+  dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST;
+
+  FileDialogResult result;
+  if (::GetOpenFileNameA(&dialog)) {
+    result.fileName = fileName.data();
+    return result;
+  }
+  DWORD error = ::CommDlgExtendedError();
+  // No extended error means the user cancelled; anything else is the dialog's own failure.
+  result.errorNumber = error == 0 ? kCancelError : static_cast<int>(error);
+  return result;
+}
+
+}  // namespace platform

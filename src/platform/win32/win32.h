@@ -1,0 +1,25 @@
+// Shared pieces of the Win32 platform: the one place that pulls in the system headers, and
+// the conversions between the portable handle numbers and the system's handle types.
+#pragma once
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+
+namespace win32 {
+
+inline HWND ToHwnd(std::uintptr_t handle) { return reinterpret_cast<HWND>(handle); }
+inline std::uintptr_t FromHwnd(HWND hwnd) { return reinterpret_cast<std::uintptr_t>(hwnd); }
+
+// The system's own description of an error code, without the line break and the full stop
+// that the message table puts at its end.
+std::string SystemMessage(DWORD code);
+
+}  // namespace win32

@@ -1,0 +1,455 @@
+// Native windows: one top-level Win32 window per form, with standard controls that mirror
+// the state kept by the forms layer and report the user's input back to it.
+#include <map>
+#include <vector>
+
+#include "platform/forms/window.h"
+#include "platform/platform.h"
+#include "platform/win32/win32.h"
+
+namespace {
+
+constexpr char kClassName[] = "KelvarniteForm";
+// Menu entries and controls get command ids of their own ranges. Both stay clear of IDOK and
+// IDCANCEL, which the dialog manager sends for Enter and Esc: no button stands for those keys.
+constexpr int kFirstMenuId = 100;
+constexpr int kFirstControlId = 1000;
+constexpr DWORD kWindowStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_BORDER;
+constexpr DWORD kWindowExStyle = 0;
+// Rows the drop-down list of a combo box shows before it scrolls.
+constexpr int kComboListRows = 12;
+
+struct NativeWindow {
+  forms::Window* window = nullptr;
+  HWND lastFocus = nullptr;  // restored when the window is activated again
+};
+
+std::map<HWND, NativeWindow>& Windows() {
+  static std::map<HWND, NativeWindow> windows;
+  return windows;
+}
+
+// Set while a control is brought in line with the forms layer: the notifications that the
+// system sends for changes made from code are not the user's input.
+bool updating = false;
+
+class UpdateScope {
+ public:
+  UpdateScope() : previous_(updating) { updating = true; }
+  ~UpdateScope() { updating = previous_; }
+  UpdateScope(const UpdateScope&) = delete;
+  UpdateScope& operator=(const UpdateScope&) = delete;
+
+ private:
+  bool previous_;
+};
+
+HINSTANCE Instance() { return ::GetModuleHandleA(nullptr); }
+
+std::string WindowText(HWND hwnd) {
+  int length = ::GetWindowTextLengthA(hwnd);
+  if (length <= 0) return std::string();
+  std::vector<char> buffer(static_cast<std::size_t>(length) + 1, '\0');
+  int copied = ::GetWindowTextA(hwnd, buffer.data(), length + 1);
+  return std::string(buffer.data(), static_cast<std::size_t>(copied > 0 ? copied : 0));
+}
+
+// Dots per inch of a window: its own where the system knows it per window (Windows 10),
+// else the screen's.
+int DpiOf(HWND hwnd) {
+  using GetDpiForWindowFn = UINT(WINAPI*)(HWND);
+  static const GetDpiForWindowFn getDpiForWindow = [] {
+    HMODULE user = ::GetModuleHandleA("user32.dll");
+    FARPROC proc = user != nullptr ? ::GetProcAddress(user, "GetDpiForWindow") : nullptr;
+    return reinterpret_cast<GetDpiForWindowFn>(reinterpret_cast<void (*)()>(proc));
+  }();
+  if (hwnd != nullptr && getDpiForWindow != nullptr) {
+    UINT dpi = getDpiForWindow(hwnd);
+    if (dpi != 0) return static_cast<int>(dpi);
+  }
+  HDC screen = ::GetDC(nullptr);
+  int dpi = screen != nullptr ? ::GetDeviceCaps(screen, LOGPIXELSY) : 0;
+  if (screen != nullptr) ::ReleaseDC(nullptr, screen);
+  return dpi > 0 ? dpi : 96;
+}
+
+// Twips are 1440 to the inch.
+int Pixels(int twips, int dpi) { return ::MulDiv(twips, dpi, 1440); }
+
+HFONT ControlFont() { return static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)); }
+
+LRESULT CALLBACK FormProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
+
+void RegisterFormClass() {
+  static bool registered = false;
+  if (registered) return;
+  WNDCLASSEXA windowClass{};
+  windowClass.cbSize = sizeof(windowClass);
+  windowClass.lpfnWndProc = FormProc;
+  windowClass.hInstance = Instance();
+  windowClass.hIcon = ::LoadIconA(Instance(), MAKEINTRESOURCEA(1));
+  windowClass.hIconSm = static_cast<HICON>(
+      ::LoadImageA(Instance(), MAKEINTRESOURCEA(1), IMAGE_ICON, ::GetSystemMetrics(SM_CXSMICON),
+                   ::GetSystemMetrics(SM_CYSMICON), LR_DEFAULTCOLOR));
+  windowClass.hCursor = ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // the arrow
+  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
+  windowClass.lpszClassName = kClassName;
+  ::RegisterClassExA(&windowClass);
+  registered = true;
+}
+
+// The menu bar from the window's table. An entry that other entries name as their parent is
+// a drop-down menu; every other entry is a command whose id follows from its row.
+HMENU BuildMenuBar(const forms::Window& window) {
+  const auto& items = window.Menus();
+  std::vector<HMENU> popups(items.size(), nullptr);
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    for (const auto& other : items) {
+      if (other.args.parent != nullptr && std::string(other.args.parent) == items[i].args.name) {
+        popups[i] = ::CreatePopupMenu();
+        break;
+      }
+    }
+  }
+  HMENU bar = ::CreateMenu();
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    const forms::MenuArgs& args = items[i].args;
+    HMENU target = bar;
+    if (args.parent != nullptr) {
+      target = nullptr;
+      for (std::size_t p = 0; p < items.size(); ++p) {
+        if (std::string(args.parent) == items[p].args.name) target = popups[p];
+      }
+      if (target == nullptr) continue;
+    }
+    std::string caption = args.caption != nullptr ? args.caption : "";
+    if (popups[i] != nullptr) {
+      ::AppendMenuA(target, MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(popups[i]),
+                    caption.c_str());
+    } else if (caption == "-") {
+      ::AppendMenuA(target, MF_SEPARATOR, 0, nullptr);
+    } else {
+      ::AppendMenuA(target, MF_STRING, static_cast<UINT_PTR>(kFirstMenuId + i), caption.c_str());
+    }
+  }
+  return bar;
+}
+
+// Sizes the window so that its client area is exactly width by height pixels. A menu bar that
+// wraps onto a second line is only known once the window has its width, hence the check.
+void FitClientArea(HWND hwnd, int width, int height) {
+  RECT frame{0, 0, width, height};
+  ::AdjustWindowRectEx(&frame, kWindowStyle, ::GetMenu(hwnd) != nullptr, kWindowExStyle);
+  ::SetWindowPos(hwnd, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  RECT client{};
+  ::GetClientRect(hwnd, &client);
+  int extraWidth = width - (client.right - client.left);
+  int extraHeight = height - (client.bottom - client.top);
+  if (extraWidth != 0 || extraHeight != 0) {
+    RECT outer{};
+    ::GetWindowRect(hwnd, &outer);
+    ::SetWindowPos(hwnd, nullptr, 0, 0, outer.right - outer.left + extraWidth,
+                   outer.bottom - outer.top + extraHeight,
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+}
+
+struct NativeClass {
+  const char* name;
+  DWORD style;
+  DWORD exStyle;
+  bool focusable;
+};
+
+NativeClass ClassOf(forms::ControlType type) {
+  switch (type) {
+    case forms::ControlType::Frame: return {"BUTTON", BS_GROUPBOX, 0, false};
+    case forms::ControlType::CheckBox: return {"BUTTON", BS_AUTOCHECKBOX, 0, true};
+    // Not automatic: the forms layer decides the selection, and the buttons follow it.
+    case forms::ControlType::OptionButton: return {"BUTTON", BS_RADIOBUTTON, 0, true};
+    case forms::ControlType::CommandButton: return {"BUTTON", BS_PUSHBUTTON, 0, true};
+    case forms::ControlType::TextBox:
+      return {"EDIT", ES_LEFT | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, true};
+    case forms::ControlType::ComboBox:
+      return {"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL, 0, true};
+    case forms::ControlType::Label: return {"STATIC", SS_LEFT, 0, false};
+    case forms::ControlType::PictureBox: return {"STATIC", SS_LEFT | SS_NOTIFY, 0, false};
+  }
+  return {"STATIC", SS_LEFT, 0, false};
+}
+
+// Each control starts a group of its own for the arrow keys, but for the option buttons that
+// follow one of their own container: those form the group of that container.
+bool StartsGroup(const std::vector<std::unique_ptr<forms::Control>>& controls, std::size_t i) {
+  if (i == 0 || controls[i]->Type() != forms::ControlType::OptionButton) return true;
+  const forms::Control& previous = *controls[i - 1];
+  return previous.Type() != forms::ControlType::OptionButton ||
+         previous.Container() != controls[i]->Container();
+}
+
+void CreateControl(HWND parent, const std::vector<std::unique_ptr<forms::Control>>& controls,
+                   std::size_t i, int dpi) {
+  forms::Control& control = *controls[i];
+  NativeClass native = ClassOf(control.Type());
+  // Controls inside a frame are placed from the frame's corner, but are children of the
+  // window itself: a group box is only a picture and must not take their messages.
+  int left = control.Left();
+  int top = control.Top();
+  for (const forms::Control* box = control.Container(); box != nullptr; box = box->Container()) {
+    left += box->Left();
+    top += box->Top();
+  }
+  DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | native.style;
+  if (native.focusable) style |= WS_TABSTOP;
+  if (StartsGroup(controls, i)) style |= WS_GROUP;
+  if (!control.Enabled()) style |= WS_DISABLED;
+  std::string caption;
+  if (control.Type() == forms::ControlType::TextBox) {
+    caption = static_cast<forms::TextBox&>(control).Text();
+  } else if (control.Type() != forms::ControlType::ComboBox) {
+    caption = control.Caption();
+  }
+  HWND hwnd = ::CreateWindowExA(
+      native.exStyle, native.name, caption.c_str(), style, Pixels(left, dpi), Pixels(top, dpi),
+      Pixels(control.Width(), dpi), Pixels(control.Height(), dpi), parent,
+      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kFirstControlId + static_cast<int>(i))),
+      Instance(), nullptr);
+  if (hwnd == nullptr) return;
+  ::SendMessageA(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(ControlFont()), FALSE);
+  if (control.Type() == forms::ControlType::ComboBox) {
+    // The height of a drop-down list's field follows from its font; the height given at its
+    // creation is that of the field and the opened list together.
+    LRESULT field = ::SendMessageA(hwnd, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
+    LRESULT row = ::SendMessageA(hwnd, CB_GETITEMHEIGHT, 0, 0);
+    if (field > 0 && row > 0) {
+      ::SetWindowPos(hwnd, nullptr, 0, 0, Pixels(control.Width(), dpi),
+                     static_cast<int>(field + 8 + row * kComboListRows),
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+  }
+  control.peer = win32::FromHwnd(hwnd);
+  platform::UpdateNativeControl(control);
+}
+
+// Frames and labels are drawn beneath every other control, as backgrounds are: a control that
+// lies over a frame or a label stays visible. Neither takes the focus, so the tab order of
+// the others does not change.
+void LayerBackgrounds(const forms::Window& window) {
+  for (forms::ControlType type : {forms::ControlType::Label, forms::ControlType::Frame}) {
+    for (const auto& control : window.Controls()) {
+      if (control->Type() != type || control->peer == 0) continue;
+      ::SetWindowPos(win32::ToHwnd(control->peer), HWND_BOTTOM, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+  }
+}
+
+void MirrorOptionButtons(const forms::Window& window) {
+  for (const auto& control : window.Controls()) {
+    if (control->Type() == forms::ControlType::OptionButton) {
+      platform::UpdateNativeControl(*control);
+    }
+  }
+}
+
+void OnMenu(forms::Window& window, int id) {
+  if (id < kFirstMenuId) return;
+  auto index = static_cast<std::size_t>(id - kFirstMenuId);
+  if (index >= window.Menus().size()) return;
+  std::string name = window.Menus()[index].args.name;
+  window.UserMenuClick(name);
+}
+
+void OnControl(forms::Window& window, int id, int code, HWND hwnd) {
+  if (updating || id < kFirstControlId) return;
+  auto index = static_cast<std::size_t>(id - kFirstControlId);
+  if (index >= window.Controls().size()) return;
+  forms::Control& control = *window.Controls()[index];
+  switch (control.Type()) {
+    case forms::ControlType::CheckBox:
+      if (code != BN_CLICKED) return;
+      control.UserClick();
+      // The box changed itself already; a refused click (disabled) is undone here.
+      platform::UpdateNativeControl(control);
+      return;
+    case forms::ControlType::OptionButton:
+      if (code != BN_CLICKED) return;
+      control.UserClick();
+      MirrorOptionButtons(window);
+      return;
+    case forms::ControlType::CommandButton:
+      if (code == BN_CLICKED) control.UserClick();
+      return;
+    case forms::ControlType::PictureBox:
+      if (code == STN_CLICKED) control.UserClick();
+      return;
+    case forms::ControlType::TextBox:
+      if (code == EN_CHANGE) static_cast<forms::TextBox&>(control).UserSetText(WindowText(hwnd));
+      return;
+    case forms::ControlType::ComboBox:
+      if (code == CBN_SELCHANGE) {
+        auto selected = static_cast<int>(::SendMessageA(hwnd, CB_GETCURSEL, 0, 0));
+        if (!static_cast<forms::ComboBox&>(control).UserSelect(selected)) {
+          platform::UpdateNativeControl(control);
+        }
+      }
+      return;
+    case forms::ControlType::Frame:
+    case forms::ControlType::Label:
+      return;
+  }
+}
+
+LRESULT CALLBACK FormProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+  auto found = Windows().find(hwnd);
+  if (found == Windows().end()) return ::DefWindowProcA(hwnd, message, wParam, lParam);
+  // The forms layer may close this window inside any call below; only the window object,
+  // which lives on to the end of the event, is used after it.
+  forms::Window& window = *found->second.window;
+  switch (message) {
+    case WM_CLOSE:
+      window.UserClose();
+      return 0;
+    case WM_COMMAND:
+      if (lParam == 0) {
+        if (HIWORD(wParam) == 0) OnMenu(window, LOWORD(wParam));
+      } else {
+        OnControl(window, LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam));
+      }
+      return 0;
+    case WM_ACTIVATE: {
+      if (LOWORD(wParam) == WA_INACTIVE) {
+        HWND focus = ::GetFocus();
+        if (focus != nullptr && ::IsChild(hwnd, focus)) found->second.lastFocus = focus;
+        return 0;
+      }
+      if (HIWORD(wParam) != 0) break;  // minimised
+      HWND focus = found->second.lastFocus;
+      if (focus == nullptr || !::IsWindow(focus) || !::IsWindowEnabled(focus)) {
+        focus = ::GetNextDlgTabItem(hwnd, nullptr, FALSE);
+      }
+      if (focus == nullptr) break;
+      ::SetFocus(focus);
+      return 0;
+    }
+    default:
+      break;
+  }
+  return ::DefWindowProcA(hwnd, message, wParam, lParam);
+}
+
+}  // namespace
+
+namespace platform {
+
+WindowHandle CreateNativeWindow(forms::Window& window) {
+  RegisterFormClass();
+  const forms::WindowArgs& args = window.Args();
+  int x = CW_USEDEFAULT;
+  int y = CW_USEDEFAULT;
+  if (args.left || args.top) {
+    int screenDpi = DpiOf(nullptr);
+    x = Pixels(args.left.value_or(0), screenDpi);
+    y = Pixels(args.top.value_or(0), screenDpi);
+  }
+  HWND hwnd = ::CreateWindowExA(kWindowExStyle, kClassName, window.Caption().c_str(), kWindowStyle,
+                                x, y, 0, 0, nullptr, nullptr, Instance(), nullptr);
+  if (hwnd == nullptr) return 0;
+  Windows()[hwnd].window = &window;
+  if (args.hasMenu && !window.Menus().empty()) ::SetMenu(hwnd, BuildMenuBar(window));
+  int dpi = DpiOf(hwnd);
+  FitClientArea(hwnd, Pixels(args.clientWidth, dpi), Pixels(args.clientHeight, dpi));
+  // In table order, which is the tab order.
+  const auto& controls = window.Controls();
+  for (std::size_t i = 0; i < controls.size(); ++i) CreateControl(hwnd, controls, i, dpi);
+  LayerBackgrounds(window);
+  return win32::FromHwnd(hwnd);
+}
+
+void ShowNativeWindow(forms::Window& window) {
+  HWND hwnd = win32::ToHwnd(window.hWnd());
+  if (hwnd == nullptr || !::IsWindow(hwnd)) return;
+  bool retitled = WindowText(hwnd) != window.Caption();
+  if (retitled) ::SetWindowTextA(hwnd, window.Caption().c_str());
+  if (!::IsWindowVisible(hwnd)) {
+    ::ShowWindow(hwnd, SW_SHOW);
+    ::UpdateWindow(hwnd);
+  } else if (!retitled) {
+    // Shown again while open: it comes to the front.
+    ::SetForegroundWindow(hwnd);
+  }
+}
+
+void DestroyNativeWindow(forms::Window& window) {
+  for (const auto& control : window.Controls()) control->peer = 0;
+  HWND hwnd = win32::ToHwnd(window.hWnd());
+  if (hwnd == nullptr) return;
+  Windows().erase(hwnd);
+  if (::IsWindow(hwnd)) ::DestroyWindow(hwnd);  // the menu bar goes with it
+}
+
+void UpdateNativeControl(forms::Control& control) {
+  HWND hwnd = win32::ToHwnd(control.peer);
+  if (hwnd == nullptr || !::IsWindow(hwnd)) return;
+  UpdateScope scope;
+  switch (control.Type()) {
+    case forms::ControlType::TextBox: {
+      const std::string& text = static_cast<forms::TextBox&>(control).Text();
+      if (WindowText(hwnd) != text) ::SetWindowTextA(hwnd, text.c_str());
+      break;
+    }
+    case forms::ControlType::ComboBox: {
+      auto& combo = static_cast<forms::ComboBox&>(control);
+      // Entries are only ever added, so the native list is a prefix of the forms list.
+      auto shown = static_cast<int>(::SendMessageA(hwnd, CB_GETCOUNT, 0, 0));
+      if (shown < 0 || shown > combo.ListCount()) {
+        ::SendMessageA(hwnd, CB_RESETCONTENT, 0, 0);
+        shown = 0;
+      }
+      for (int i = shown; i < combo.ListCount(); ++i) {
+        ::SendMessageA(hwnd, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(combo.List(i).c_str()));
+      }
+      if (static_cast<int>(::SendMessageA(hwnd, CB_GETCURSEL, 0, 0)) != combo.ListIndex()) {
+        ::SendMessageA(hwnd, CB_SETCURSEL, static_cast<WPARAM>(combo.ListIndex()), 0);
+      }
+      break;
+    }
+    default:
+      if (WindowText(hwnd) != control.Caption()) ::SetWindowTextA(hwnd, control.Caption().c_str());
+      break;
+  }
+  WPARAM check = BST_UNCHECKED;
+  bool checkable = false;
+  if (auto* box = dynamic_cast<forms::CheckBox*>(&control)) {
+    checkable = true;
+    check = box->Value() == 1 ? BST_CHECKED : box->Value() == 2 ? BST_INDETERMINATE : BST_UNCHECKED;
+  } else if (auto* option = dynamic_cast<forms::OptionButton*>(&control)) {
+    checkable = true;
+    check = option->Value() ? BST_CHECKED : BST_UNCHECKED;
+  }
+  if (checkable && static_cast<WPARAM>(::SendMessageA(hwnd, BM_GETCHECK, 0, 0)) != check) {
+    ::SendMessageA(hwnd, BM_SETCHECK, check, 0);
+  }
+  bool enabled = ::IsWindowEnabled(hwnd) != FALSE;
+  if (enabled != control.Enabled()) ::EnableWindow(hwnd, control.Enabled() ? TRUE : FALSE);
+}
+
+int RunEventLoop() {
+  MSG message{};
+  for (;;) {
+    BOOL got = ::GetMessageA(&message, nullptr, 0, 0);
+    if (got == 0 || got == -1) break;
+    // Tab, the arrow keys and the access keys move between the controls of a form.
+    HWND root = message.hwnd != nullptr ? ::GetAncestor(message.hwnd, GA_ROOT) : nullptr;
+    bool isForm = root != nullptr && Windows().count(root) != 0;
+    if (!isForm || !::IsDialogMessageA(root, &message)) {
+      ::TranslateMessage(&message);
+      ::DispatchMessageA(&message);
+    }
+    forms::CollectClosed();
+  }
+  return static_cast<int>(message.wParam);
+}
+
+}  // namespace platform
