@@ -18,6 +18,9 @@ cleanup() {
 }
 trap cleanup EXIT
 
+# The first command builds the prefix; its start-up chatter is of no interest here.
+wine wineboot --init >/dev/null 2>&1 || true
+
 # The values to write, one a line, the arguments of "reg add" separated by tabs. Empty
 # arguments (an empty string's data) must survive, so the line is split on every tab.
 setup=$(wine "$check_exe" setup | tr -d '\r')

@@ -1,0 +1,54 @@
+# The Windows program, its resources, the check of the registry layer under Wine, and the
+# program folder out/<target>/ with the side files that stand beside the program.
+
+if(NOT KELVARNITE_TARGET)
+  message(FATAL_ERROR "KELVARNITE_TARGET is not set: configure with one of the mingw presets")
+endif()
+set(KELVARNITE_OUT ${CMAKE_SOURCE_DIR}/out/${KELVARNITE_TARGET})
+
+enable_language(RC)
+
+add_executable(KelvarniteUT2k3Benchmark WIN32
+  src/app/main.cpp
+  src/app/KelvarniteUT2k3Benchmark.rc)
+set_target_properties(KelvarniteUT2k3Benchmark PROPERTIES
+  OUTPUT_NAME KelvarniteUT2k3Benchmark
+  RUNTIME_OUTPUT_DIRECTORY ${KELVARNITE_OUT})
+# The resource script finds the icon and the manifest by their plain names.
+target_include_directories(KelvarniteUT2k3Benchmark PRIVATE
+  ${CMAKE_SOURCE_DIR}/data ${CMAKE_SOURCE_DIR}/src/app)
+set_source_files_properties(src/app/KelvarniteUT2k3Benchmark.rc PROPERTIES
+  OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/data/app.ico;${CMAKE_SOURCE_DIR}/src/app/KelvarniteUT2k3Benchmark.manifest")
+target_link_libraries(KelvarniteUT2k3Benchmark PRIVATE kelvarnite_platform kelvarnite_core)
+target_link_options(KelvarniteUT2k3Benchmark PRIVATE -mwindows -static)
+
+# The side files: INI\D3D\, INI\OGL\ and help.html beside the program. The two ini folders
+# exist even while they are empty; a file is copied once it is there.
+file(GLOB_RECURSE KELVARNITE_SIDE_FILES CONFIGURE_DEPENDS
+  RELATIVE ${CMAKE_SOURCE_DIR}/data
+  ${CMAKE_SOURCE_DIR}/data/INI/D3D/*
+  ${CMAKE_SOURCE_DIR}/data/INI/OGL/*
+  ${CMAKE_SOURCE_DIR}/data/help.html)
+set(KELVARNITE_SIDE_OUTPUTS)
+foreach(side_file IN LISTS KELVARNITE_SIDE_FILES)
+  add_custom_command(
+    OUTPUT ${KELVARNITE_OUT}/${side_file}
+    COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/data/${side_file} ${KELVARNITE_OUT}/${side_file}
+    DEPENDS ${CMAKE_SOURCE_DIR}/data/${side_file}
+    COMMENT "Copying ${side_file} to the program folder"
+    VERBATIM)
+  list(APPEND KELVARNITE_SIDE_OUTPUTS ${KELVARNITE_OUT}/${side_file})
+endforeach()
+add_custom_target(kelvarnite_program_folder ALL
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${KELVARNITE_OUT}/INI/D3D ${KELVARNITE_OUT}/INI/OGL
+  DEPENDS ${KELVARNITE_SIDE_OUTPUTS}
+  VERBATIM)
+add_dependencies(kelvarnite_program_folder KelvarniteUT2k3Benchmark)
+
+# The check of the real registry layer, run under Wine by tests/wine/run-registry-check.sh.
+add_executable(registry_check tests/wine/registry_check.cpp)
+target_include_directories(registry_check PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+target_link_libraries(registry_check PRIVATE kelvarnite_platform kelvarnite_core)
+target_link_options(registry_check PRIVATE -static)
+set_target_properties(registry_check PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/wine)
