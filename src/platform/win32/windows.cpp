@@ -245,6 +245,18 @@ void LayerBackgrounds(const forms::Window& window) {
   }
 }
 
+// The first control that the Tab key can reach, in tab order.
+HWND FirstTabStop(HWND hwnd) {
+  for (HWND child = ::GetWindow(hwnd, GW_CHILD); child != nullptr;
+       child = ::GetWindow(child, GW_HWNDNEXT)) {
+    LONG style = ::GetWindowLongA(child, GWL_STYLE);
+    if ((style & WS_TABSTOP) != 0 && (style & WS_VISIBLE) != 0 && (style & WS_DISABLED) == 0) {
+      return child;
+    }
+  }
+  return nullptr;
+}
+
 void MirrorOptionButtons(const forms::Window& window) {
   for (const auto& control : window.Controls()) {
     if (control->Type() == forms::ControlType::OptionButton) {
@@ -327,7 +339,7 @@ LRESULT CALLBACK FormProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
       if (HIWORD(wParam) != 0) break;  // minimised
       HWND focus = found->second.lastFocus;
       if (focus == nullptr || !::IsWindow(focus) || !::IsWindowEnabled(focus)) {
-        focus = ::GetNextDlgTabItem(hwnd, nullptr, FALSE);
+        focus = FirstTabStop(hwnd);
       }
       if (focus == nullptr) break;
       ::SetFocus(focus);
