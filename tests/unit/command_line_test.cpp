@@ -49,7 +49,7 @@ TEST(CommandLine, PiecesGoInAsTheyAreBetweenQuotes) {
 
 }  // namespace
 
-#include "platform/start_failure.h"
+#include "platform/system_errors.h"
 
 namespace {
 
@@ -67,12 +67,29 @@ TEST(StartFailure, SystemErrorsBecomeWhatTheUserIsTold) {
       {216, "", 5, "Not a valid Windows program"},
       {1455, "The paging file is too small for this operation to complete.\r\n", 5,
        "The paging file is too small for this operation to complete"},
-      {9999, "", 5, "Error 9999"},
+      {9999, "", 5, "System error 9999"},
   };
   for (const auto& c : cases) {
     platform::StartFailure failure = platform::StartFailureForSystemError(c.code, c.message);
     EXPECT_EQ(failure.number, c.number) << c.code;
     EXPECT_EQ(failure.description, c.description) << c.code;
+  }
+}
+
+}  // namespace
+
+namespace {
+
+TEST(FileFailure, SystemErrorsBecomeShortReasons) {
+  const struct {
+    unsigned long code;
+    const char* reason;
+  } cases[] = {{2, "File not found"},   {3, "Path not found"},    {15, "Path not found"},
+               {5, "Permission denied"}, {32, "Permission denied"}, {19, "Permission denied"},
+               {112, "Disk full"},       {1117, "The request could not be performed"}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(platform::FileFailureReason(c.code, "The request could not be performed.\r\n"), c.reason)
+        << c.code;
   }
 }
 

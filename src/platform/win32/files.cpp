@@ -2,36 +2,13 @@
 #include <algorithm>
 
 #include "platform/platform.h"
+#include "platform/system_errors.h"
 #include "platform/win32/win32.h"
 
 namespace {
 
-// The short reason that the user is told, for the failures that a user can act upon.
-std::string ReasonOf(DWORD code) {
-  switch (code) {
-    case ERROR_FILE_NOT_FOUND:
-      return "File not found";
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_NAME:
-    case ERROR_BAD_PATHNAME:
-    case ERROR_BAD_NETPATH:
-    case ERROR_INVALID_DRIVE:
-      return "Path not found";
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-    case ERROR_WRITE_PROTECT:
-      return "Permission denied";
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-      return "Disk full";
-    default:
-      return win32::SystemMessage(code);
-  }
-}
-
 bool Fail(std::string* reason, DWORD code) {
-  if (reason != nullptr) *reason = ReasonOf(code);
+  if (reason != nullptr) *reason = platform::FileFailureReason(code, win32::SystemMessage(code));
   return false;
 }
 

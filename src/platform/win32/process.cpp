@@ -2,6 +2,7 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "platform/system_errors.h"
 #include "platform/win32/win32.h"
 
 namespace win32 {
@@ -15,41 +16,11 @@ std::string SystemMessage(DWORD code) {
   std::string text;
   if (length != 0 && buffer != nullptr) text.assign(buffer, length);
   if (buffer != nullptr) ::LocalFree(buffer);
-  while (!text.empty() &&
-         (text.back() == '\r' || text.back() == '\n' || text.back() == ' ' || text.back() == '.')) {
-    text.pop_back();
-  }
-  if (text.empty()) text = "System error " + std::to_string(code);
-  return text;
+  return text;  // trimmed where it is told
 }
 
 }  // namespace win32
 
-namespace {
-
-// Why CreateProcess failed, as a number in the tradition of the Shell function. The user
-// is told "cannot be found" only when the program really is not there.
-platform::StartFailure FailureOf(DWORD code) {
-  switch (code) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_NAME:
-    case ERROR_BAD_PATHNAME:
-    case ERROR_DIRECTORY:
-      return {53, "File not found"};
-    case ERROR_ACCESS_DENIED:
-    case ERROR_SHARING_VIOLATION:
-      return {70, "Permission denied"};
-    case ERROR_BAD_EXE_FORMAT:
-    case ERROR_EXE_MACHINE_TYPE_MISMATCH:
-    case ERROR_BAD_FORMAT:
-      return {5, "Not a valid Windows program"};
-    default:
-      return {5, win32::SystemMessage(code)};
-  }
-}
-
-}  // namespace
 
 namespace platform {
 
@@ -66,7 +37,7 @@ bool StartProcess(const std::string& commandLine, int windowStyle, std::uint32_t
   if (!::CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                         &startup, &info)) {
     DWORD code = ::GetLastError();
-    if (failure != nullptr) *failure = FailureOf(code);
+    if (failure != nullptr) *failure = StartFailureForSystemError(code, win32::SystemMessage(code));
     return false;
   }
   // The caller waits through a handle of its own, opened by the process id.

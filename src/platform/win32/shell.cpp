@@ -8,6 +8,36 @@
 #include <commdlg.h>
 #include <shellapi.h>
 
+namespace {
+
+// While a box or a dialog is open, no other window of the program may take a click: a test
+// started there would run nested inside the code that is waiting for the box.
+class OtherWindowsDisabled {
+ public:
+  explicit OtherWindowsDisabled(HWND owner) : owner_(owner) {
+    ::EnumThreadWindows(::GetCurrentThreadId(), &Disable, reinterpret_cast<LPARAM>(this));
+  }
+  ~OtherWindowsDisabled() {
+    for (HWND window : disabled_) ::EnableWindow(window, TRUE);
+  }
+  OtherWindowsDisabled(const OtherWindowsDisabled&) = delete;
+  OtherWindowsDisabled& operator=(const OtherWindowsDisabled&) = delete;
+
+ private:
+  static BOOL CALLBACK Disable(HWND window, LPARAM self) {
+    auto* guard = reinterpret_cast<OtherWindowsDisabled*>(self);
+    if (window != guard->owner_ && ::IsWindowVisible(window) && ::IsWindowEnabled(window)) {
+      ::EnableWindow(window, FALSE);
+      guard->disabled_.push_back(window);
+    }
+    return TRUE;
+  }
+  HWND owner_;
+  std::vector<HWND> disabled_;
+};
+
+}  // namespace
+
 namespace platform {
 
 std::intptr_t ShellExecuteA(WindowHandle owner, const char* operation, const char* file,
@@ -18,9 +48,10 @@ std::intptr_t ShellExecuteA(WindowHandle owner, const char* operation, const cha
 }
 
 int MessageBoxA(const std::string& text, const std::string& title, int flags) {
-  // Owned by the active window, so that window is disabled while the box is open.
-  return ::MessageBoxA(::GetActiveWindow(), text.c_str(), title.c_str(),
-                       static_cast<UINT>(flags));
+  // Owned by the active window, which the box disables itself.
+  HWND owner = ::GetActiveWindow();
+  OtherWindowsDisabled guard(owner);
+  return ::MessageBoxA(owner, text.c_str(), title.c_str(), static_cast<UINT>(flags));
 }
 
 FileDialogResult ShowOpenFileDialog(const std::string& filter) {
@@ -42,6 +73,7 @@ FileDialogResult ShowOpenFileDialog(const std::string& filter) {
   dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST;
 
   FileDialogResult result;
+  OtherWindowsDisabled guard(dialog.hwndOwner);
   if (::GetOpenFileNameA(&dialog)) {
     result.fileName = fileName.data();
     return result;
