@@ -5,6 +5,7 @@
 #include <random>
 
 #include "platform/forms/window.h"
+#include "windows/Form2.h"
 
 namespace testing_support {
 
@@ -45,6 +46,18 @@ Form1& HeadlessTest::StartProgram() {
 void HeadlessTest::Tick(std::initializer_list<int> boxes) {
   for (int box : boxes) EXPECT_TRUE(headless::Click(*MainForm().Check1[box]));
 }
+
+std::vector<bool> HeadlessTest::RunControlsEnabled() {
+  Form1& form = MainForm();
+  std::vector<bool> enabled;
+  for (forms::CheckBox* box : form.Check1) enabled.push_back(box->Enabled());
+  for (forms::CommandButton* b : {&form.Command1, &form.Command2, &form.Command3, &form.Command4}) {
+    enabled.push_back(b->Enabled());
+  }
+  return enabled;
+}
+
+Form2* HeadlessTest::CustomWindow() { return static_cast<Form2*>(forms::FindOpen(Form2::kName)); }
 
 std::vector<std::string> HeadlessTest::Lines(const std::string& bytes) {
   std::vector<std::string> lines;

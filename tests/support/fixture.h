@@ -4,12 +4,27 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
+#include <ostream>
 #include <string>
 #include <vector>
 
 #include "benchmark/mdlBenchmark.h"
 #include "platform/headless/headless.h"
 #include "windows/Form1.h"
+
+class Form2;
+
+namespace headless {
+inline void PrintTo(const Box& box, std::ostream* out) {
+  *out << "{\"" << box.text << "\", \"" << box.title << "\", " << box.flags << "}";
+}
+inline void PrintTo(const ShellCall& call, std::ostream* out) {
+  auto text = [](const std::optional<std::string>& s) { return s ? "\"" + *s + "\"" : "null"; };
+  *out << "{" << call.owner << ", " << text(call.operation) << ", " << text(call.file) << ", "
+       << text(call.parameters) << ", " << text(call.directory) << ", " << call.showCommand << "}";
+}
+}  // namespace headless
 
 namespace testing_support {
 
@@ -30,6 +45,11 @@ class HeadlessTest : public ::testing::Test {
   Form1& StartProgram();
   // Ticks the boxes of the given indices on the main window.
   void Tick(std::initializer_list<int> boxes);
+  // Whether each of the nine run controls is enabled: the five boxes, then the four buttons.
+  static std::vector<bool> RunControlsEnabled();
+  static bool AllRunControlsEnabled() { return RunControlsEnabled() == std::vector<bool>(9, true); }
+  // The window the "Custom Test" button shows, or null.
+  static Form2* CustomWindow();
 
   // The lines of a file split at CR LF; the file must end in CR LF.
   static std::vector<std::string> Lines(const std::string& bytes);

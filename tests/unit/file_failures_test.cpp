@@ -1,4 +1,5 @@
 #include "support/fixture.h"
+#include "windows/Form2.h"
 
 namespace {
 using namespace testing_support;
@@ -8,18 +9,9 @@ const char* const kReport = "C:\\Bench\\results.html";
 
 class FileFailures : public HeadlessTest {
  protected:
-  static bool RunControlsEnabled() {
-    Form1& form = MainForm();
-    bool enabled = form.Command1.Enabled() && form.Command2.Enabled() &&
-                   form.Command3.Enabled() && form.Command4.Enabled();
-    for (forms::CheckBox* box : form.Check1) enabled = enabled && box->Enabled();
-    return enabled;
-  }
   static void ExpectOneCriticalBox(const std::string& text) {
-    ASSERT_EQ(headless::Boxes().size(), 1u);
-    EXPECT_EQ(headless::Boxes()[0].text, text);
-    EXPECT_EQ(headless::Boxes()[0].title, "Kelvarnite UT2k3 Benchmark");
-    EXPECT_EQ(headless::Boxes()[0].flags, 16);
+    EXPECT_EQ(headless::Boxes(),
+              (std::vector<headless::Box>{{text, "Kelvarnite UT2k3 Benchmark", 16}}));
   }
 };
 
@@ -49,7 +41,7 @@ TEST_F(FileFailures, TestButtonsRunNothingWhenALogCannotBeEmptied) {
     EXPECT_TRUE(headless::Starts().empty());
     EXPECT_EQ(FileOrMissing(kReport), "earlier report");
     EXPECT_TRUE(headless::ShellCalls().empty());
-    EXPECT_TRUE(RunControlsEnabled());
+    EXPECT_TRUE(AllRunControlsEnabled());
   }
 }
 
@@ -60,12 +52,11 @@ TEST_F(FileFailures, CustomTestWindowOpensAndItsRunIsRefusedWhenALogCannotBeEmpt
   headless::SetReadOnly(kLog, true);
   headless::Click(form.Command4);
   ExpectOneCriticalBox(std::string(kLog) + " cannot be emptied: Permission denied.");
-  forms::Window* custom = forms::FindOpen("Form2");
-  ASSERT_NE(custom, nullptr);
-  headless::Click(custom->Get<forms::CommandButton>("Command2"));
+  ASSERT_NE(CustomWindow(), nullptr);
+  headless::Click(CustomWindow()->Get<forms::CommandButton>("Command2"));
   EXPECT_EQ(headless::Boxes().size(), 2u);
   EXPECT_TRUE(headless::Starts().empty());
-  EXPECT_TRUE(RunControlsEnabled());
+  EXPECT_TRUE(AllRunControlsEnabled());
 }
 
 TEST_F(FileFailures, AnUnwritableReportIsToldAndNotOpened) {
@@ -79,7 +70,7 @@ TEST_F(FileFailures, AnUnwritableReportIsToldAndNotOpened) {
   ExpectOneCriticalBox(std::string(kReport) + " cannot be written: Permission denied.");
   EXPECT_EQ(FileOrMissing(kReport), "earlier report");
   EXPECT_TRUE(headless::ShellCalls().empty());
-  EXPECT_TRUE(RunControlsEnabled());
+  EXPECT_TRUE(AllRunControlsEnabled());
 }
 
 }  // namespace

@@ -74,6 +74,7 @@ struct Box {
   std::string text;
   std::string title;
   int flags = 0;
+  bool operator==(const Box& o) const { return text == o.text && title == o.title && flags == o.flags; }
 };
 const std::vector<Box>& Boxes();
 // Called while a box is open; its result is the box's answer (1, OK, when none is set).
@@ -84,6 +85,10 @@ struct ShellCall {
   platform::WindowHandle owner = 0;
   std::optional<std::string> operation, file, parameters, directory;
   int showCommand = 0;
+  bool operator==(const ShellCall& o) const {
+    return owner == o.owner && operation == o.operation && file == o.file &&
+           parameters == o.parameters && directory == o.directory && showCommand == o.showCommand;
+  }
 };
 const std::vector<ShellCall>& ShellCalls();
 
