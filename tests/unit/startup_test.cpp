@@ -1,3 +1,6 @@
+#include <tuple>
+#include <utility>
+
 #include "platform/forms/window.h"
 #include "support/fixture.h"
 
@@ -10,72 +13,36 @@ const char* const kLowFrameRateLog = "C:\\Games\\UT2003\\Benchmark\\lowframerate
 
 class Startup : public HeadlessTest {};
 
-TEST_F(Startup, EmptiesBothLogs) {
-  for (bool existed : {true, false}) {
-    SCOPED_TRACE(existed ? "logs with records" : "no logs");
+TEST_F(Startup, EmptiesBothLogsAndSetsPathAndRenderer) {
+  const std::pair<const char*, const char*> rows[] = {{"C:\\Bench", "C:\\Bench\\"},
+                                                      {"D:\\", "D:\\"}};
+  for (const auto& [folder, appPath] : rows) {
+    SCOPED_TRACE(folder);
     TearDown();
     SetUp();
     InstallFull();
-    if (existed) {
-      headless::PutFile(kBenchmarkLog, "old run\r\n");
-      headless::PutFile(kLowFrameRateLog, "dm-inferno, 1.10 / 1.20 / 1.30 fps, 77, 640x480\r\n");
-    }
-    StartProgram();
+    headless::PutFile(kBenchmarkLog, "old run\r\n");  // and no lowframerate.log yet
+    headless::SetProgramFolder(folder);
+    Form1& form = StartProgram();
     EXPECT_EQ(FileOrMissing(kBenchmarkLog), "");
     EXPECT_EQ(FileOrMissing(kLowFrameRateLog), "");
+    EXPECT_EQ(AppState.AppPath, appPath);
+    EXPECT_EQ(std::make_tuple(form.Option1.Value(), form.Option2.Value(), AppState.RenderEngine),
+              std::make_tuple(true, false, "D3D"));
   }
 }
 
-TEST_F(Startup, AppPathAndRenderer) {
-  const struct {
-    const char* folder;
-    bool installed;
-    const char* appPath;
-  } rows[] = {{"C:\\Bench", true, "C:\\Bench\\"},
-              {"D:\\", true, "D:\\"},
-              {"C:\\Program Files\\Kelvarnite", false, "C:\\Program Files\\Kelvarnite\\"}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.folder);
-    TearDown();
-    SetUp();
-    if (row.installed) InstallFull();
-    headless::SetProgramFolder(row.folder);
-    Form1& form = StartProgram();
-    EXPECT_EQ(AppState.AppPath, row.appPath);
-    EXPECT_TRUE(form.Option1.Value());
-    EXPECT_FALSE(form.Option2.Value());
-    EXPECT_EQ(AppState.RenderEngine, "D3D");
-    EXPECT_TRUE(headless::IsShown(form));
-  }
-}
-
-class Shutdown : public HeadlessTest {};
-
-TEST_F(Shutdown, BothRoutesEndEverything) {
-  enum class Route { CloseMainWindow, FileExit };
-  const struct {
-    const char* description;
-    Route route;
-    bool customOpen;
-  } rows[] = {{"close with Custom Options open", Route::CloseMainWindow, true},
-              {"close with Custom Options never opened", Route::CloseMainWindow, false},
-              {"File, Exit with Custom Options open", Route::FileExit, true}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.description);
+// Closing the main window or File, Exit, with Custom Options open.
+TEST_F(Startup, BothWaysOutEndEverything) {
+  for (bool fileExit : {false, true}) {
+    SCOPED_TRACE(fileExit ? "File, Exit" : "closing the main window");
     TearDown();
     SetUp();
     InstallFull();
     Form1& form = StartProgram();
-    if (row.customOpen) {
-      ASSERT_TRUE(headless::Click(form.Command4));
-    }
+    ASSERT_TRUE(headless::Click(form.Command4));
     headless::PutFile(kLowFrameRateLog, "kept\r\n");
-
-    if (row.route == Route::CloseMainWindow) {
-      EXPECT_TRUE(headless::CloseWindow(form));
-    } else {
-      EXPECT_TRUE(headless::ChooseMenu(form, "mnuExit"));
-    }
+    EXPECT_TRUE(fileExit ? headless::ChooseMenu(form, "mnuExit") : headless::CloseWindow(form));
     EXPECT_TRUE(headless::ProcessEnded());
     EXPECT_TRUE(forms::OpenWindows().empty());
     EXPECT_TRUE(headless::Boxes().empty());
