@@ -23,7 +23,9 @@ class ReportTest : public HeadlessTest {
   }
   std::string Report(int columns, bool notes) {
     EXPECT_TRUE(mdlBenchmark::WriteResultsTables(columns));
-    if (notes) EXPECT_TRUE(mdlBenchmark::AppendRunNotes("Run sentence", "Ini sentence"));
+    if (notes) {
+      EXPECT_TRUE(mdlBenchmark::AppendRunNotes("Run sentence", "Ini sentence"));
+    }
     return FileOrMissing("C:\\Bench\\results.html");
   }
 };
