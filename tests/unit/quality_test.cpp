@@ -9,74 +9,62 @@ class QualitySuite : public HeadlessTest {
   static std::string Report() { return FileOrMissing("C:\\Bench\\results.html"); }
 };
 
+// The lines a preset suite starts: every level of the suite at each resolution in turn.
+std::vector<std::string> SuiteLines(const std::string& game, const std::vector<std::string>& levels,
+                                    bool high, const std::vector<std::string>& resolutions) {
+  const std::string detail = high ? "Max" : "Min";
+  std::vector<std::string> lines;
+  for (const std::string& resolution : resolutions) {
+    for (const std::string& levelAndSeconds : levels) {
+      const std::size_t blank = levelAndSeconds.find(' ');
+      lines.push_back("\"" + game + "\\System\\ut2003.exe\" " + levelAndSeconds.substr(0, blank) +
+                      "?game=engine.gameinfo exec=\"" + game +
+                      "\\Benchmark\\Stuff\\flybyexec.txt\" -benchmark -seconds=" +
+                      levelAndSeconds.substr(blank + 1) + " -nosound ini=\"C:\\Bench\\INI\\D3D\\Custom_" +
+                      detail + "Detail.ini\" userini=\"" + game + "\\Benchmark\\Stuff\\" + detail +
+                      "DetailUser.ini\" -" + resolution);
+    }
+  }
+  return lines;
+}
+
+std::vector<std::string> StartedLines() {
+  std::vector<std::string> lines;
+  for (const headless::Start& start : headless::Starts()) lines.push_back(start.commandLine);
+  return lines;
+}
 
 TEST_F(QualitySuite, WorkedExampleIsWrittenByteForByte) {
   InstallFull();
   StartProgram();
   Tick({0, 2});
-  const char* const records[] = {
-      "dm-antalus, 41.20 / 61.20 / 98.40abcd, x, y\r\n",
-      "dom-suntemple, 36.75 / 56.75 / 87.15abcd, x, y\r\n",
-      "dm-phobos2, 44.10 / 64.10 / 101.90abcd, x, y\r\n",
-      "dm-inferno, 33.08 / 53.08 / 80.22abcd, x, y\r\n",
-      "ctf-face3, 29.64 / 49.64 / 72.31abcd, x, y\r\n",
-      "ctf-citadel, 38.51 / 58.51 / 90.06abcd, x, y\r\n",
-      "dm-asbestos, 47.33 / 67.33 / 110.75abcd, x, y\r\n",
-      "dm-antalus, 30.12 / 50.12 / 70.80abcd, x, y\r\n",
-      "dom-suntemple, 27.40 / 47.40 / 65.33abcd, x, y\r\n",
-      "dm-phobos2, 35.96 / 55.96 / 82.47abcd, x, y\r\n",
-      "dm-inferno, 24.87 / 44.87 / 60.01abcd, x, y\r\n",
-      "ctf-face3, 21.05 / 41.05 / 52.90abcd, x, y\r\n",
-      "ctf-citadel, 28.69 / 48.69 / 68.12abcd, x, y\r\n",
-      "dm-asbestos, 36.18 / 56.18 / 85.64abcd, x, y\r\n",
-  };
-  for (const char* record : records) headless::ProgramGame(headless::AppendRecord(record));
+  // The records the game leaves, one a start.
+  for (const std::string& record : Lines(Golden("high_quality_full_640x480_1024x768.log"))) {
+    headless::ProgramGame(headless::AppendRecord(record + "\r\n"));
+  }
   Run(true);
   EXPECT_EQ(headless::Starts().size(), 14u);
-  EXPECT_EQ(Lines(Report()).size(), 117u);
   EXPECT_EQ(Report(), Golden("high_quality_full_640x480_1024x768.html"));
 }
 
-struct SuiteCase {
-  bool demo;
-  bool high;
-  std::vector<std::string> levelAndSeconds;  // what each start of one resolution runs
-};
-
 TEST_F(QualitySuite, StartsRunEveryLevelInTableOrderAtEachResolution) {
-  const std::vector<std::string> full = {
-      "dm-antalus?game=engine.gameinfo|-seconds=77",    "dom-suntemple?game=engine.gameinfo|-seconds=77",
-      "dm-phobos2?game=engine.gameinfo|-seconds=77",    "dm-inferno?game=engine.gameinfo|-seconds=77",
-      "ctf-face3?game=engine.gameinfo|-seconds=116",    "ctf-citadel?game=engine.gameinfo|-seconds=77",
-      "dm-asbestos?game=engine.gameinfo|-seconds=71"};
-  const std::vector<std::string> demo = {"dm-antalus?game=engine.gameinfo|-seconds=77",
-                                         "dm-asbestos?game=engine.gameinfo|-seconds=77",
-                                         "ctf-citadel?game=engine.gameinfo|-seconds=77"};
-  const SuiteCase cases[] = {{false, true, full}, {false, false, full}, {true, true, demo}, {true, false, demo}};
-  for (const SuiteCase& c : cases) {
-    TearDown();
-    SetUp();
-    c.demo ? InstallDemo() : InstallFull();
-    const std::string game = c.demo ? kDemoPath : kFullPath;
-    StartProgram();
-    Tick({1, 2});
-    Run(c.high);
-    const std::string tail =
-        std::string(" -nosound ini=\"C:\\Bench\\INI\\D3D\\") +
-        (c.high ? "Custom_MaxDetail.ini\" userini=\"" + game + "\\Benchmark\\Stuff\\MaxDetailUser.ini\" -"
-                : "Custom_MinDetail.ini\" userini=\"" + game + "\\Benchmark\\Stuff\\MinDetailUser.ini\" -");
-    const std::size_t n = c.levelAndSeconds.size();
-    ASSERT_EQ(headless::Starts().size(), 2 * n);
-    for (std::size_t i = 0; i < 2 * n; ++i) {
-      const std::string& wanted = c.levelAndSeconds[i % n];
-      const std::string level = wanted.substr(0, wanted.find('|'));
-      const std::string seconds = wanted.substr(wanted.find('|') + 1);
-      EXPECT_EQ(headless::Starts()[i].commandLine,
-                "\"" + game + "\\System\\ut2003.exe\" " + level + " exec=\"" + game +
-                    "\\Benchmark\\Stuff\\flybyexec.txt\" -benchmark " + seconds + tail +
-                    (i < n ? "800x600" : "1024x768"));
+  const std::vector<std::string> full = {"dm-antalus 77", "dom-suntemple 77", "dm-phobos2 77",
+                                         "dm-inferno 77", "ctf-face3 116",    "ctf-citadel 77",
+                                         "dm-asbestos 71"};
+  const std::vector<std::string> demo = {"dm-antalus 77", "dm-asbestos 77", "ctf-citadel 77"};
+  for (bool isDemo : {false, true}) {
+    for (bool high : {true, false}) {
+      TearDown();
+      SetUp();
+      isDemo ? InstallDemo() : InstallFull();
+      StartProgram();
+      Tick({1, 2});
+      Run(high);
+      const std::vector<std::string>& levels = isDemo ? demo : full;
+      EXPECT_EQ(StartedLines(),
+                SuiteLines(isDemo ? kDemoPath : kFullPath, levels, high, {"800x600", "1024x768"}));
+      EXPECT_EQ(Lines(Report()).size(), 1 + 3 * (5 + (levels.size() + 3) * 3) + 11);
     }
-    EXPECT_EQ(Lines(Report()).size(), 1 + 3 * (5 + (n + 3) * 3) + 11);
   }
 }
 
