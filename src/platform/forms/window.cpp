@@ -38,7 +38,7 @@ Window::~Window() = default;
 
 void Window::SetCaption(const std::string& caption) {
   caption_ = caption;
-  if (hwnd_ != 0) platform::ShowNativeWindow(*this);
+  if (hwnd_ != 0) platform::UpdateNativeWindow(*this);
 }
 
 Control* Window::Find(const std::string& name, int index) const {
@@ -86,8 +86,8 @@ void Window::UserClose() {
 }
 
 Window& Load(std::unique_ptr<Window> window) {
-  Window& loaded = *window;
   OpenList().push_back(std::move(window));
+  Window& loaded = *OpenList().back();
   loaded.hwnd_ = platform::CreateNativeWindow(loaded);
   loaded.Form_Load();
   return loaded;

@@ -121,6 +121,8 @@ WindowHandle CreateNativeWindow(forms::Window&) { return M().nextWindow += 0x10;
 
 void ShowNativeWindow(forms::Window& window) { M().shown.insert(window.hWnd()); }
 
+void UpdateNativeWindow(forms::Window&) {}
+
 void DestroyNativeWindow(forms::Window& window) { M().shown.erase(window.hWnd()); }
 
 void UpdateNativeControl(forms::Control&) {}

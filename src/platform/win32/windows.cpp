@@ -382,15 +382,18 @@ WindowHandle CreateNativeWindow(forms::Window& window) {
 void ShowNativeWindow(forms::Window& window) {
   HWND hwnd = win32::ToHwnd(window.hWnd());
   if (hwnd == nullptr || !::IsWindow(hwnd)) return;
-  bool retitled = WindowText(hwnd) != window.Caption();
-  if (retitled) ::SetWindowTextA(hwnd, window.Caption().c_str());
   if (!::IsWindowVisible(hwnd)) {
     ::ShowWindow(hwnd, SW_SHOW);
     ::UpdateWindow(hwnd);
-  } else if (!retitled) {
+  } else {
     // Shown again while open: it comes to the front.
     ::SetForegroundWindow(hwnd);
   }
+}
+
+void UpdateNativeWindow(forms::Window& window) {
+  HWND hwnd = win32::ToHwnd(window.hWnd());
+  if (hwnd != nullptr && ::IsWindow(hwnd)) ::SetWindowTextA(hwnd, window.Caption().c_str());
 }
 
 void DestroyNativeWindow(forms::Window& window) {
