@@ -442,6 +442,11 @@ void UpdateNativeControl(forms::Control& control) {
   } else if (auto* option = dynamic_cast<forms::OptionButton*>(&control)) {
     checkable = true;
     check = option->Value() ? BST_CHECKED : BST_UNCHECKED;
+    // Tab reaches a group of option buttons at its selected one, and the arrow keys move
+    // within it: a Space on a button the user merely tabbed past cannot change a setting.
+    LONG style = ::GetWindowLongA(hwnd, GWL_STYLE);
+    LONG wanted = option->Value() ? (style | WS_TABSTOP) : (style & ~WS_TABSTOP);
+    if (wanted != style) ::SetWindowLongA(hwnd, GWL_STYLE, wanted);
   }
   if (checkable && static_cast<WPARAM>(::SendMessageA(hwnd, BM_GETCHECK, 0, 0)) != check) {
     ::SendMessageA(hwnd, BM_SETCHECK, check, 0);
