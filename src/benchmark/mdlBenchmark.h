@@ -71,6 +71,14 @@ void RunTestFrame(Run run) {
   UnlockRunControls();
 }
 
+// Collects the ticked resolutions; with none, tells the user in a box of the given title and
+// gives false.
+bool ResolutionsChosen(const std::string& refusalTitle);
+// The ini file of a test under the program's INI folder for the chosen renderer, and a user
+// ini file under the game's folder; both names come with their leading backslash.
+std::string IniPath(const std::string& iniFile);
+std::string UserIniPath(const std::string& userIniFile);
+
 void RunCpuBenchmark();
 enum class Quality { High, Low };
 void RunQualitySuite(Quality quality);

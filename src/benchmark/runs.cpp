@@ -19,24 +19,22 @@ const Level kFullSuite[] = {{"dm-antalus", "77"}, {"dom-suntemple", "77"}, {"dm-
 const Level kDemoSuite[] = {{"dm-antalus", "77"}, {"dm-asbestos", "77"}, {"ctf-citadel", "77"}};
 
 const char* const kNoSound = "-nosound ";
+const char* const kRefusalTitle = "Select a Resolution";
 
-// The ini file under the program's INI folder for the chosen renderer.
-std::string IniPath(const char* iniFile) {
+}  // namespace
+
+std::string IniPath(const std::string& iniFile) {
   return AppState.AppPath + "INI\\" + AppState.RenderEngine + iniFile;
 }
 
-std::string UserIniPath(const char* userIniFile) { return AppState.GamePath + userIniFile; }
+std::string UserIniPath(const std::string& userIniFile) { return AppState.GamePath + userIniFile; }
 
-// No box ticked: the test is refused.
-bool ResolutionsChosen() {
+bool ResolutionsChosen(const std::string& refusalTitle) {
   CollectResolutions();
   if (AppState.ResolutionCount != 0) return true;
-  forms::MsgBox("Please Select at least one resolution to use", platform::kMbOk,
-                std::string("Select a Resolution"));
+  forms::MsgBox("Please Select at least one resolution to use", platform::kMbOk, refusalTitle);
   return false;
 }
-
-}  // namespace
 
 void FinishRun(int columns, const RunNotes* notes) {
   if (!WriteResultsTables(columns)) return;
@@ -45,7 +43,7 @@ void FinishRun(int columns, const RunNotes* notes) {
 }
 
 void RunCpuBenchmark() {
-  if (!ResolutionsChosen()) return;
+  if (!ResolutionsChosen(kRefusalTitle)) return;
   const char* level = AppState.GameVersion == "demo" ? "dm-antalus" : "dm-inferno";
   for (int turn = 0; turn < AppState.ResolutionCount; ++turn) {
     std::string resolution = NextResolution();
@@ -69,7 +67,7 @@ void RunQualitySuite(Quality quality) {
            : RunNotes{"This test was run using the Low Quality Option",
                       "This test was run using the Custom_MinDetail.ini provided by Kelvarnite"};
 
-  if (!ResolutionsChosen()) return;
+  if (!ResolutionsChosen(kRefusalTitle)) return;
   const bool demo = AppState.GameVersion == "demo";
   const Level* first = demo ? std::begin(kDemoSuite) : std::begin(kFullSuite);
   const Level* last = demo ? std::end(kDemoSuite) : std::end(kFullSuite);

@@ -29,4 +29,5 @@ class Form2 : public forms::Window {
   void DetailChosen(forms::OptionButton& option);
   void Command1_Click();
   void RunCustomTest();
+  void RunChosenLevel();
 };

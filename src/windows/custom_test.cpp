@@ -33,35 +33,28 @@ std::string WithSignPlace(std::int16_t number) {
 }  // namespace
 
 void Form2::RunCustomTest() {
-  if (!mdlBenchmark::ResetBenchmarkLogs()) {
-    mdlBenchmark::UnlockRunControls();
-    return;
-  }
-  mdlBenchmark::LockRunControls();
-  mdlBenchmark::CollectResolutions();
+  mdlBenchmark::RunTestFrame([this] { RunChosenLevel(); });
+}
+
+void Form2::RunChosenLevel() {
   const std::string soundSwitch = Option2.Value() ? "-nosound " : "";
-  if (AppState.ResolutionCount == 0) {
-    forms::MsgBox("Please Select at least one resolution to use", platform::kMbOk,
-                  std::string("Please select a Resolution"));
-    mdlBenchmark::UnlockRunControls();
-    return;
-  }
+  if (!mdlBenchmark::ResolutionsChosen("Please select a Resolution")) return;
   std::string iniPath, userIniPath;
   if (Option5.Value()) {
     if (Text1.Text().empty()) {
       forms::MsgBox("Please Choose a Custom ini file to use", platform::kMbOk,
                     std::string("Choose a File..."));
-      mdlBenchmark::UnlockRunControls();
       return;
     }
+    // An ini file of the user's own goes with the maximum detail user settings.
     iniPath = Text1.Text();
-    userIniPath = AppState.GamePath + "\\Benchmark\\Stuff\\MaxDetailUser.ini";
+    userIniPath = mdlBenchmark::UserIniPath("\\Benchmark\\Stuff\\MaxDetailUser.ini");
   } else if (Option4.Value()) {
-    iniPath = AppState.AppPath + "INI\\" + AppState.RenderEngine + "\\Custom_MinDetail.ini";
-    userIniPath = AppState.GamePath + "\\Benchmark\\Stuff\\MinDetailUser.ini";
+    iniPath = mdlBenchmark::IniPath("\\Custom_MinDetail.ini");
+    userIniPath = mdlBenchmark::UserIniPath("\\Benchmark\\Stuff\\MinDetailUser.ini");
   } else {
-    iniPath = AppState.AppPath + "INI\\" + AppState.RenderEngine + "\\Custom_MaxDetail.ini";
-    userIniPath = AppState.GamePath + "\\Benchmark\\Stuff\\MaxDetailUser.ini";
+    iniPath = mdlBenchmark::IniPath("\\Custom_MaxDetail.ini");
+    userIniPath = mdlBenchmark::UserIniPath("\\Benchmark\\Stuff\\MaxDetailUser.ini");
   }
   const std::string level = LevelOf(Combo1.Text());
   const std::string seconds = WithSignPlace(SecondsOf(level));
@@ -71,5 +64,4 @@ void Form2::RunCustomTest() {
                                                            userIniPath, resolution));
   }
   mdlBenchmark::FinishRun(1, nullptr);
-  mdlBenchmark::UnlockRunControls();
 }
