@@ -18,8 +18,8 @@ namespace win32 {
 inline HWND ToHwnd(std::uintptr_t handle) { return reinterpret_cast<HWND>(handle); }
 inline std::uintptr_t FromHwnd(HWND hwnd) { return reinterpret_cast<std::uintptr_t>(hwnd); }
 
-// The system's own description of an error code, without the line break and the full stop
-// that the message table puts at its end.
+// The system's own description of an error code, as its message table gives it (with a line
+// break and a full stop at the end); empty when it has none.
 std::string SystemMessage(DWORD code);
 
 }  // namespace win32
