@@ -28,9 +28,12 @@ bool ResetBenchmarkLogs() {
 
 void ReadRunResults() {
   std::string text, reason;
+  // Far more than the most records a test can leave: a damaged log of any size is read
+  // without running the program out of memory.
+  constexpr std::size_t kReadLimit = 16u << 20;
   // A log that cannot be read counts as empty: the report must never show an earlier
   // test's rates under the present headings.
-  if (!platform::ReadTextFile(LowFrameRateLogPath(), &text, &reason)) text.clear();
+  if (!platform::ReadTextFile(LowFrameRateLogPath(), &text, &reason, kReadLimit)) text.clear();
 
   AppState.RunResults.clear();
   // The record index is 16-bit.

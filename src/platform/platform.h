@@ -5,6 +5,7 @@
 // strings in the system's ANSI code page, as the A-functions of Win32 take them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -87,7 +88,9 @@ FileDialogResult ShowOpenFileDialog(const std::string& filter);
 // Paths are Windows paths. On failure the reason is a short text for the user.
 bool WriteTextFile(const std::string& path, const std::string& bytes, bool append,
                    std::string* reason);
-bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reason);
+// Reads at most limit bytes from the start of the file.
+bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reason,
+                  std::size_t limit = static_cast<std::size_t>(-1));
 bool NormalFileExists(const std::string& path);
 
 // ---- Program -------------------------------------------------------------------------------

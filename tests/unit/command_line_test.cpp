@@ -1,4 +1,4 @@
-#include <gtest/gtest.h>
+#include "support/fixture.h"
 
 #include "benchmark/mdlBenchmark.h"
 #include "launch/command_line.h"
@@ -91,6 +91,21 @@ TEST(FileFailure, SystemErrorsBecomeShortReasons) {
     EXPECT_EQ(platform::FileFailureReason(c.code, "The request could not be performed.\r\n"), c.reason)
         << c.code;
   }
+}
+
+}  // namespace
+
+namespace {
+
+class FileRead : public testing_support::HeadlessTest {};
+
+TEST_F(FileRead, StopsAtTheLimit) {
+  headless::PutFile("C:\\x.log", "abcdef");
+  std::string bytes, reason;
+  ASSERT_TRUE(platform::ReadTextFile("C:\\x.log", &bytes, &reason, 4));
+  EXPECT_EQ(bytes, "abcd");
+  ASSERT_TRUE(platform::ReadTextFile("C:\\x.log", &bytes, &reason));
+  EXPECT_EQ(bytes, "abcdef");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // Files of the headless machine: real files under a host folder, reached by Windows paths.
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <system_error>
@@ -82,7 +83,8 @@ bool WriteTextFile(const std::string& path, const std::string& bytes, bool appen
   return true;
 }
 
-bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reason) {
+bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reason,
+                  std::size_t limit) {
   fs::path host = headless::HostPath(path);
   std::error_code ec;
   if (M().locked.count(host.string())) {
@@ -94,7 +96,8 @@ bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reas
     return false;
   }
   std::ifstream in(host, std::ios::binary);
-  *bytes = std::string(std::istreambuf_iterator<char>(in), {});
+  bytes->assign(static_cast<std::size_t>(std::min<std::uintmax_t>(fs::file_size(host, ec), limit)), '\0');
+  in.read(bytes->data(), static_cast<std::streamsize>(bytes->size()));
   return true;
 }
 

@@ -47,15 +47,17 @@ bool WriteTextFile(const std::string& path, const std::string& bytes, bool appen
   return true;
 }
 
-bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reason) {
+bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reason,
+                  std::size_t limit) {
   HANDLE file = ::CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                               nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return Fail(reason, ::GetLastError());
   std::string content;
   char buffer[65536];
-  for (;;) {
+  while (content.size() < limit) {
     DWORD read = 0;
-    if (!::ReadFile(file, buffer, sizeof(buffer), &read, nullptr)) {
+    DWORD wanted = static_cast<DWORD>(std::min<std::size_t>(sizeof(buffer), limit - content.size()));
+    if (!::ReadFile(file, buffer, wanted, &read, nullptr)) {
       DWORD code = ::GetLastError();
       ::CloseHandle(file);
       return Fail(reason, code);
