@@ -79,6 +79,16 @@ bool ResolutionsChosen(const std::string& refusalTitle);
 std::string IniPath(const std::string& iniFile);
 std::string UserIniPath(const std::string& userIniFile);
 
+// One level of a test and its duration in seconds, as it goes into the command line.
+struct Level {
+  std::string name;
+  std::string seconds;
+};
+// Starts the game for every level at each collected resolution in turn: resolutions outside,
+// levels inside, which is the order in which the report reads the records.
+void RunAtEachResolution(const std::vector<Level>& levels, const std::string& soundSwitch,
+                         const std::string& iniPath, const std::string& userIniPath);
+
 void RunCpuBenchmark();
 enum class Quality { High, Low };
 void RunQualitySuite(Quality quality);

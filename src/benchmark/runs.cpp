@@ -1,5 +1,7 @@
 // The preset tests: the CPU benchmark and the two quality suites.
 #include "benchmark/mdlBenchmark.h"
+#include <vector>
+
 #include "launch/command_line.h"
 #include "launch/mdlapp_sync.h"
 #include "platform/forms/window.h"
@@ -7,16 +9,12 @@
 namespace mdlBenchmark {
 namespace {
 
-struct Level {
-  const char* name;
-  const char* seconds;
-};
-
-// Resolutions run outside, levels inside: the report reads the records in that order.
-const Level kFullSuite[] = {{"dm-antalus", "77"}, {"dom-suntemple", "77"}, {"dm-phobos2", "77"},
-                            {"dm-inferno", "77"}, {"ctf-face3", "116"},    {"ctf-citadel", "77"},
-                            {"dm-asbestos", "71"}};
-const Level kDemoSuite[] = {{"dm-antalus", "77"}, {"dm-asbestos", "77"}, {"ctf-citadel", "77"}};
+const std::vector<Level> kFullSuite = {{"dm-antalus", "77"}, {"dom-suntemple", "77"},
+                                       {"dm-phobos2", "77"}, {"dm-inferno", "77"},
+                                       {"ctf-face3", "116"},  {"ctf-citadel", "77"},
+                                       {"dm-asbestos", "71"}};
+const std::vector<Level> kDemoSuite = {{"dm-antalus", "77"}, {"dm-asbestos", "77"},
+                                       {"ctf-citadel", "77"}};
 
 const char* const kNoSound = "-nosound ";
 const char* const kRefusalTitle = "Select a Resolution";
@@ -42,15 +40,23 @@ void FinishRun(int columns, const RunNotes* notes) {
   OpenDocument(ResultsPath());
 }
 
+void RunAtEachResolution(const std::vector<Level>& levels, const std::string& soundSwitch,
+                         const std::string& iniPath, const std::string& userIniPath) {
+  for (int turn = 0; turn < AppState.ResolutionCount; ++turn) {
+    const std::string resolution = NextResolution();
+    for (const Level& level : levels) {
+      // A start that fails has told the user; the test goes on with its next start.
+      mdlapp_sync::RunAppSync(mdlapp_sync::ComposeCommandLine(
+          level.name, level.seconds, soundSwitch, iniPath, userIniPath, resolution));
+    }
+  }
+}
+
 void RunCpuBenchmark() {
   if (!ResolutionsChosen(kRefusalTitle)) return;
   const char* level = AppState.GameVersion == "demo" ? "dm-antalus" : "dm-inferno";
-  for (int turn = 0; turn < AppState.ResolutionCount; ++turn) {
-    std::string resolution = NextResolution();
-    mdlapp_sync::RunAppSync(mdlapp_sync::ComposeCommandLine(
-        level, "77", kNoSound, IniPath("\\CPU_LowDetail.ini"),
-        UserIniPath("\\Benchmark\\Stuff\\MinDetailUser.ini"), resolution));
-  }
+  RunAtEachResolution({{level, "77"}}, kNoSound, IniPath("\\CPU_LowDetail.ini"),
+                      UserIniPath("\\Benchmark\\Stuff\\MinDetailUser.ini"));
   const RunNotes notes{"This test was run using the CPU Bench Option",
                        "This test was run using the CPU_LowDetail.ini provided by Kelvarnite"};
   FinishRun(1, &notes);
@@ -68,18 +74,9 @@ void RunQualitySuite(Quality quality) {
                       "This test was run using the Custom_MinDetail.ini provided by Kelvarnite"};
 
   if (!ResolutionsChosen(kRefusalTitle)) return;
-  const bool demo = AppState.GameVersion == "demo";
-  const Level* first = demo ? std::begin(kDemoSuite) : std::begin(kFullSuite);
-  const Level* last = demo ? std::end(kDemoSuite) : std::end(kFullSuite);
-  for (int turn = 0; turn < AppState.ResolutionCount; ++turn) {
-    std::string resolution = NextResolution();
-    for (const Level* level = first; level != last; ++level) {
-      mdlapp_sync::RunAppSync(mdlapp_sync::ComposeCommandLine(
-          level->name, level->seconds, kNoSound, IniPath(iniFile), UserIniPath(userIniFile),
-          resolution));
-    }
-  }
-  FinishRun(static_cast<int>(last - first), &notes);
+  const std::vector<Level>& suite = AppState.GameVersion == "demo" ? kDemoSuite : kFullSuite;
+  RunAtEachResolution(suite, kNoSound, IniPath(iniFile), UserIniPath(userIniFile));
+  FinishRun(static_cast<int>(suite.size()), &notes);
 }
 
 }  // namespace mdlBenchmark

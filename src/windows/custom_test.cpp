@@ -2,11 +2,7 @@
 #include <cstdint>
 
 #include "benchmark/mdlBenchmark.h"
-#include "launch/command_line.h"
-#include "launch/mdlapp_sync.h"
 #include "windows/Form2.h"
-
-using mdlBenchmark::AppState;
 
 namespace {
 
@@ -57,11 +53,7 @@ void Form2::RunChosenLevel() {
     userIniPath = mdlBenchmark::UserIniPath("\\Benchmark\\Stuff\\MaxDetailUser.ini");
   }
   const std::string level = LevelOf(Combo1.Text());
-  const std::string seconds = WithSignPlace(SecondsOf(level));
-  for (int turn = 0; turn < AppState.ResolutionCount; ++turn) {
-    std::string resolution = mdlBenchmark::NextResolution();
-    mdlapp_sync::RunAppSync(mdlapp_sync::ComposeCommandLine(level, seconds, soundSwitch, iniPath,
-                                                           userIniPath, resolution));
-  }
+  mdlBenchmark::RunAtEachResolution({{level, WithSignPlace(SecondsOf(level))}}, soundSwitch,
+                                    iniPath, userIniPath);
   mdlBenchmark::FinishRun(1, nullptr);
 }
