@@ -53,44 +53,32 @@ TEST(CommandLine, PiecesGoInAsTheyAreBetweenQuotes) {
 
 namespace {
 
-TEST(StartFailure, SystemErrorsBecomeWhatTheUserIsTold) {
+// A failed start and a failed file read or write, from the same system error codes.
+TEST(SystemErrors, BecomeWhatTheUserIsTold) {
+  const char* const text = "The request could not be performed";
+  const std::string withEnd = std::string(text) + ".\r\n";
   const struct {
     unsigned long code;
-    const char* message;
     int number;
     const char* description;
+    const char* reason;
   } cases[] = {
-      {2, "", 53, "File not found"},          {3, "", 53, "File not found"},
-      {123, "", 53, "File not found"},        {267, "", 53, "File not found"},
-      {5, "", 70, "Permission denied"},       {32, "", 70, "Permission denied"},
-      {193, "", 5, "Not a valid Windows program"},
-      {216, "", 5, "Not a valid Windows program"},
-      {1455, "The paging file is too small for this operation to complete.\r\n", 5,
-       "The paging file is too small for this operation to complete"},
-      {9999, "", 5, "System error 9999"},
+      {2, 53, "File not found", "File not found"},     {3, 53, "File not found", "Path not found"},
+      {123, 53, "File not found", "Path not found"},   {267, 53, "File not found", text},
+      {15, 5, text, "Path not found"},                 {5, 70, "Permission denied", "Permission denied"},
+      {32, 70, "Permission denied", "Permission denied"}, {19, 5, text, "Permission denied"},
+      {112, 5, text, "Disk full"},                     {193, 5, "Not a valid Windows program", text},
+      {216, 5, "Not a valid Windows program", text},   {1117, 5, text, text},
   };
   for (const auto& c : cases) {
-    platform::StartFailure failure = platform::StartFailureForSystemError(c.code, c.message);
+    platform::StartFailure failure = platform::StartFailureForSystemError(c.code, withEnd);
     EXPECT_EQ(failure.number, c.number) << c.code;
     EXPECT_EQ(failure.description, c.description) << c.code;
+    EXPECT_EQ(platform::FileFailureReason(c.code, withEnd), c.reason) << c.code;
   }
-}
-
-}  // namespace
-
-namespace {
-
-TEST(FileFailure, SystemErrorsBecomeShortReasons) {
-  const struct {
-    unsigned long code;
-    const char* reason;
-  } cases[] = {{2, "File not found"},   {3, "Path not found"},    {15, "Path not found"},
-               {5, "Permission denied"}, {32, "Permission denied"}, {19, "Permission denied"},
-               {112, "Disk full"},       {1117, "The request could not be performed"}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(platform::FileFailureReason(c.code, "The request could not be performed.\r\n"), c.reason)
-        << c.code;
-  }
+  // A code the system has no text for is named by its number.
+  EXPECT_EQ(platform::StartFailureForSystemError(9999, "").description, "System error 9999");
+  EXPECT_EQ(platform::FileFailureReason(9999, ""), "System error 9999");
 }
 
 }  // namespace
