@@ -52,3 +52,6 @@ target_link_libraries(registry_check PRIVATE kelvarnite_platform kelvarnite_core
 target_link_options(registry_check PRIVATE -static)
 set_target_properties(registry_check PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/wine)
+
+# The end-to-end driver and its recording opener.
+add_subdirectory(${CMAKE_SOURCE_DIR}/tests/e2e ${CMAKE_BINARY_DIR}/tests/e2e)

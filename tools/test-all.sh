@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Every test: the unit tests on the headless platform (with AddressSanitizer and
-# UndefinedBehaviorSanitizer), both Windows builds, and the checks under Wine.
+# UndefinedBehaviorSanitizer), both Windows builds, the registry check under Wine, and the
+# end-to-end scenarios of the real program and the stand-in game under Wine and Xvfb.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -16,3 +17,6 @@ tools/build-windows.sh
 
 echo "== Registry layer under Wine"
 tests/wine/run-registry-check.sh build/mingw-x86_64/tests/wine/registry_check.exe
+
+echo "== End to end under Wine"
+tests/e2e/run-e2e.sh

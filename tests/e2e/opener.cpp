@@ -1,0 +1,29 @@
+// Stands in for the browser: the shell hands it a document, and it records the path, one a
+// line, in opened.txt beside itself. It shows nothing and ends at once.
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <string>
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+  int count = 0;
+  LPWSTR* args = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+  if (args == nullptr || count < 2) return 1;
+  std::wstring record(MAX_PATH * 4, L'\0');
+  DWORD length = ::GetModuleFileNameW(nullptr, record.data(), static_cast<DWORD>(record.size()));
+  record.resize(length);
+  record = record.substr(0, record.find_last_of(L'\\') + 1) + L"opened.txt";
+
+  std::wstring line = std::wstring(args[1]) + L"\r\n";
+  std::string bytes(static_cast<std::size_t>(line.size()) * 4, '\0');
+  int size = ::WideCharToMultiByte(CP_UTF8, 0, line.c_str(), static_cast<int>(line.size()),
+                                   bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
+  HANDLE file = ::CreateFileW(record.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
+                              OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return 1;
+  DWORD written = 0;
+  ::WriteFile(file, bytes.data(), static_cast<DWORD>(size), &written, nullptr);
+  ::CloseHandle(file);
+  return 0;
+}

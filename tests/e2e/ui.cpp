@@ -1,0 +1,247 @@
+#include "ui.h"
+
+#include <vector>
+
+namespace ui {
+namespace {
+
+PROCESS_INFORMATION program{};
+
+// The message box's text and icon, and the file dialog's file name and Open button.
+constexpr int kBoxText = 0xFFFF;
+constexpr int kBoxIcon = 0x440;
+constexpr int kDialogFileName = 0x47C;
+
+bool OfProgram(HWND window) {
+  DWORD process = 0;
+  ::GetWindowThreadProcessId(window, &process);
+  return process == program.dwProcessId;
+}
+
+std::wstring ClassOf(HWND window) {
+  wchar_t name[64] = {};
+  ::GetClassNameW(window, name, 64);
+  return name;
+}
+
+BOOL CALLBACK Collect(HWND window, LPARAM list) {
+  reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+  return TRUE;
+}
+
+// Every window that an enumeration of the system gives.
+template <class Enumerate>
+std::vector<HWND> Collected(Enumerate enumerate) {
+  std::vector<HWND> windows;
+  enumerate(Collect, reinterpret_cast<LPARAM>(&windows));
+  return windows;
+}
+
+}  // namespace
+
+void Fail(const std::string& why) { throw Failure(why); }
+
+std::string Narrow(const std::wstring& text) {
+  int size = ::WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, nullptr, 0, nullptr, nullptr);
+  std::string result(static_cast<std::size_t>(size > 0 ? size : 1), '\0');
+  ::WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, result.data(), size, nullptr, nullptr);
+  result.resize(result.size() - 1);
+  return result;
+}
+
+std::wstring Wide(const std::string& text) {
+  int size = ::MultiByteToWideChar(CP_UTF8, 0, text.c_str(), -1, nullptr, 0);
+  std::wstring result(static_cast<std::size_t>(size > 0 ? size : 1), L'\0');
+  ::MultiByteToWideChar(CP_UTF8, 0, text.c_str(), -1, result.data(), size);
+  result.resize(result.size() - 1);
+  return result;
+}
+
+HWND Await(const std::string& what, const std::function<HWND()>& ready, int seconds) {
+  const DWORD start = ::GetTickCount();
+  for (;;) {
+    if (HWND found = ready()) return found;
+    if (::GetTickCount() - start > static_cast<DWORD>(seconds) * 1000) {
+      Fail("timed out waiting for " + what);
+    }
+    ::Sleep(20);
+  }
+}
+
+void AwaitTrue(const std::string& what, const std::function<bool()>& ready, int seconds) {
+  Await(what, [&] { return ready() ? ::GetDesktopWindow() : nullptr; }, seconds);
+}
+
+void StartProgram(const std::string& exe) {
+  std::wstring line = L"\"" + Wide(exe) + L"\"";
+  std::wstring folder = Wide(exe.substr(0, exe.find_last_of('\\')));
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        folder.c_str(), &startup, &program)) {
+    Fail("cannot start " + exe + ", error " + std::to_string(::GetLastError()));
+  }
+}
+
+HANDLE Program() { return program.hProcess; }
+
+void AwaitProgramEnd() {
+  if (::WaitForSingleObject(program.hProcess, 20000) != WAIT_OBJECT_0) {
+    Fail("the program did not end");
+  }
+}
+
+HWND FindTop(const wchar_t* windowClass, const std::string& title) {
+  for (HWND window : Collected(::EnumWindows)) {
+    if (OfProgram(window) && ::IsWindowVisible(window) && ClassOf(window) == windowClass &&
+        (title.empty() || TextOf(window) == title)) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+HWND AwaitTop(const wchar_t* windowClass, const std::string& title) {
+  return Await("the window \"" + title + "\"", [&] { return FindTop(windowClass, title); });
+}
+
+HWND FindChild(HWND parent, const std::string& text) {
+  for (HWND child = ::GetWindow(parent, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    if (TextOf(child) == text) return child;
+  }
+  return nullptr;
+}
+
+HWND FindChild(HWND parent, const wchar_t* windowClass, int id) {
+  auto children = [parent](WNDENUMPROC collect, LPARAM list) {
+    return ::EnumChildWindows(parent, collect, list);
+  };
+  for (HWND child : Collected(children)) {
+    if ((id == -1 || ::GetDlgCtrlID(child) == id) && ClassOf(child) == windowClass) return child;
+  }
+  return nullptr;
+}
+
+std::string TextOf(HWND window) {
+  DWORD_PTR length = 0;
+  if (!::SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_ABORTIFHUNG, 10000, &length)) {
+    Fail("no answer from a window of the program");
+  }
+  std::wstring text(length + 1, L'\0');
+  DWORD_PTR copied = 0;
+  ::SendMessageTimeoutW(window, WM_GETTEXT, length + 1, reinterpret_cast<LPARAM>(text.data()),
+                        SMTO_ABORTIFHUNG, 10000, &copied);
+  text.resize(copied);
+  return Narrow(text);
+}
+
+namespace {
+
+HWND AwaitControl(HWND window, const std::string& caption) {
+  return Await("the control \"" + caption + "\"", [&] { return FindChild(window, caption); });
+}
+
+}  // namespace
+
+void Click(HWND window, const std::string& caption) {
+  HWND control = AwaitControl(window, caption);
+  // A posted click acts on a disabled button too; a user's click would not.
+  AwaitTrue("\"" + caption + "\" to be enabled", [&] { return ::IsWindowEnabled(control) != 0; });
+  ::PostMessageW(control, BM_CLICK, 0, 0);
+}
+
+void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled) {
+  HWND control = AwaitControl(window, caption);
+  bool isChecked = false, isEnabled = false;
+  try {
+    AwaitTrue("a state", [&] {
+      isChecked = ::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
+      isEnabled = ::IsWindowEnabled(control) != 0;
+      return isChecked == checked && isEnabled == enabled;
+    }, 5);
+  } catch (const Failure&) {
+    auto describe = [](bool c, bool e) {
+      return std::string(c ? "checked" : "unchecked") + (e ? " and enabled" : " and disabled");
+    };
+    Fail("\"" + caption + "\" is " + describe(isChecked, isEnabled) + ", expected " +
+         describe(checked, enabled));
+  }
+}
+
+void AnswerBox(const std::string& title, const std::string& text, bool criticalIcon) {
+  HWND box = Await("a message box", [] {
+    HWND dialog = FindTop(L"#32770", "");
+    return dialog && ::GetDlgItem(dialog, kBoxText) ? dialog : nullptr;
+  });
+  const std::string seenTitle = TextOf(box), seenText = TextOf(::GetDlgItem(box, kBoxText));
+  const bool seenIcon = ::SendMessageW(::GetDlgItem(box, kBoxIcon), STM_GETICON, 0, 0) != 0;
+  if (seenTitle != title || seenText != text || seenIcon != criticalIcon) {
+    Fail("box \"" + seenTitle + "\": \"" + seenText + "\"" + (seenIcon ? " with an icon" : "") +
+         ", expected \"" + title + "\": \"" + text + "\"" + (criticalIcon ? " with an icon" : ""));
+  }
+  ::PostMessageW(FindChild(box, L"Button", IDOK), BM_CLICK, 0, 0);
+  AwaitTrue("the box to close", [&] { return !::IsWindow(box); });
+}
+
+void ChooseFile(const std::string& path) {
+  HWND dialog = AwaitTop(L"#32770", "Open");
+  HWND name = Await("the file name box", [&] { return FindChild(dialog, L"Edit", kDialogFileName); });
+  std::wstring text = Wide(path);
+  ::SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  ::PostMessageW(FindChild(dialog, L"Button", IDOK), BM_CLICK, 0, 0);
+  AwaitTrue("the file dialog to close", [&] { return !::IsWindow(dialog); });
+}
+
+void SelectListEntry(HWND window, const std::string& entry) {
+  HWND list = Await("the drop-down list", [&] { return FindChild(window, L"ComboBox", -1); });
+  std::wstring text = Wide(entry);
+  const LRESULT index = ::SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                       reinterpret_cast<LPARAM>(text.c_str()));
+  if (index == CB_ERR) Fail("the list has no entry \"" + entry + "\"");
+  // What the list tells its window when the user picks an entry.
+  ::SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+  ::PostMessageW(window, WM_COMMAND, MAKEWPARAM(::GetDlgCtrlID(list), CBN_SELCHANGE),
+                 reinterpret_cast<LPARAM>(list));
+}
+
+void SaveScreenshot(HWND window, const std::string& path) {
+  RECT rect{};
+  ::GetWindowRect(window, &rect);
+  const int width = rect.right - rect.left, height = rect.bottom - rect.top;
+  HDC screen = ::GetDC(nullptr);
+  HDC memory = ::CreateCompatibleDC(screen);
+  HBITMAP bitmap = ::CreateCompatibleBitmap(screen, width, height);
+  HGDIOBJ old = ::SelectObject(memory, bitmap);
+  ::BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY);
+  ::SelectObject(memory, old);
+
+  BITMAPINFOHEADER info{};
+  info.biSize = sizeof(info);
+  info.biWidth = width;
+  info.biHeight = height;
+  info.biPlanes = 1;
+  info.biBitCount = 24;
+  info.biCompression = BI_RGB;
+  const DWORD stride = (static_cast<DWORD>(width) * 3 + 3) & ~3u;
+  std::vector<char> pixels(stride * static_cast<DWORD>(height));
+  ::GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), pixels.data(),
+              reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS);
+  ::DeleteObject(bitmap);
+  ::DeleteDC(memory);
+  ::ReleaseDC(nullptr, screen);
+
+  BITMAPFILEHEADER file{};
+  file.bfType = 0x4D42;  // "BM"
+  file.bfOffBits = sizeof(file) + sizeof(info);
+  file.bfSize = file.bfOffBits + static_cast<DWORD>(pixels.size());
+  HANDLE out = ::CreateFileW(Wide(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                             FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (out == INVALID_HANDLE_VALUE) Fail("cannot write " + path);
+  DWORD written = 0;
+  ::WriteFile(out, &file, sizeof(file), &written, nullptr);
+  ::WriteFile(out, &info, sizeof(info), &written, nullptr);
+  ::WriteFile(out, pixels.data(), static_cast<DWORD>(pixels.size()), &written, nullptr);
+  ::CloseHandle(out);
+}
+
+}  // namespace ui

@@ -1,0 +1,53 @@
+// Driving the program's windows from another process, as a user would.
+//
+// Clicks are posted, never sent: a handler that runs a test holds the program's only thread
+// for the whole run. Text is read through the wide messages, since the ANSI ones come back
+// cut short across processes. Every step waits for what it needs instead of sleeping.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+namespace ui {
+
+struct Failure : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+[[noreturn]] void Fail(const std::string& why);
+
+std::string Narrow(const std::wstring& text);
+std::wstring Wide(const std::string& text);
+
+// Polls until ready gives a non-null handle, or fails after the time-out.
+HWND Await(const std::string& what, const std::function<HWND()>& ready, int seconds = 30);
+void AwaitTrue(const std::string& what, const std::function<bool()>& ready, int seconds = 30);
+
+// The program under test: its process, started from its exe.
+void StartProgram(const std::string& exe);
+HANDLE Program();
+void AwaitProgramEnd();
+
+// A visible top-level window of the program by class and title; an empty title matches any.
+HWND FindTop(const wchar_t* windowClass, const std::string& title);
+HWND AwaitTop(const wchar_t* windowClass, const std::string& title);
+// A child window by its text, or by its class and id (-1: any id).
+HWND FindChild(HWND parent, const std::string& text);
+HWND FindChild(HWND parent, const wchar_t* windowClass, int id);
+std::string TextOf(HWND window);
+
+// Posts a click on the control with this caption, once it is enabled.
+void Click(HWND window, const std::string& caption);
+// Waits until the control's check mark and enabled state are as given.
+void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled);
+// A message box: waits for it, checks it, and presses OK.
+void AnswerBox(const std::string& title, const std::string& text, bool criticalIcon);
+// The open-file dialog: types the path into its file name and presses Open.
+void ChooseFile(const std::string& path);
+void SelectListEntry(HWND window, const std::string& entry);
+// Saves a picture of the window as it is on the screen, as a 24-bit BMP file.
+void SaveScreenshot(HWND window, const std::string& path);
+
+}  // namespace ui
