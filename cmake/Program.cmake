@@ -18,7 +18,7 @@ set_target_properties(KelvarniteUT2k3Benchmark PROPERTIES
 target_include_directories(KelvarniteUT2k3Benchmark PRIVATE
   ${CMAKE_SOURCE_DIR}/data ${CMAKE_SOURCE_DIR}/src/app)
 set_source_files_properties(src/app/KelvarniteUT2k3Benchmark.rc PROPERTIES
-  OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/data/app.ico;${CMAKE_SOURCE_DIR}/src/app/KelvarniteUT2k3Benchmark.manifest")
+  OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/data/app.ico;${CMAKE_SOURCE_DIR}/data/logo.jpg;${CMAKE_SOURCE_DIR}/data/about.gif;${CMAKE_SOURCE_DIR}/data/about.ico;${CMAKE_SOURCE_DIR}/src/app/KelvarniteUT2k3Benchmark.manifest")
 target_link_libraries(KelvarniteUT2k3Benchmark PRIVATE kelvarnite_platform kelvarnite_core)
 target_link_options(KelvarniteUT2k3Benchmark PRIVATE -mwindows -static)
 

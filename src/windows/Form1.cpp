@@ -3,6 +3,8 @@
 #include "benchmark/mdlBenchmark.h"
 #include "platform/platform.h"
 #include "windows/Form2.h"
+#include "windows/frmAbout.h"
+#include "windows/product.h"
 
 using forms::ControlType;
 
@@ -12,7 +14,9 @@ const forms::WindowArgs kWindow{"Form1", "Kelvarnite UT2k3 Benchmark", 5430, 381
                                 forms::BorderStyle::FixedSingle, true};
 
 const forms::ControlArgs kControls[] = {
-    {"Picture1", -1, ControlType::PictureBox, "", nullptr, 120, 0, 5175, 1285},
+    // The logo has a tool tip that invites a click, but no click of its own.
+    {"Picture1", -1, ControlType::PictureBox, "", nullptr, 120, 0, 5175, 1285, true, 0,
+     forms::kSystemColor, 1, "LOGO"},
     {"Frame1", -1, ControlType::Frame, "Resolution", nullptr, 3480, 1440, 1815, 2295},
     {"Check1", 0, ControlType::CheckBox, "640x480", "Frame1", 240, 360, 1215, 255},
     {"Check1", 1, ControlType::CheckBox, "800x600", "Frame1", 240, 720, 1215, 255},
@@ -56,6 +60,7 @@ Form1::Form1()
       Option3(Get<forms::OptionButton>("Option3")),
       Option4(Get<forms::OptionButton>("Option4")) {
   AddMenus(kMenus, std::size(kMenus));
+  Picture1.SetToolTipText(product::LogoToolTip());
   Command1.Click = [this] { Command1_Click(); };
   Command2.Click = [this] { Command2_Click(); };
   Command3.Click = [this] { Command3_Click(); };
@@ -65,6 +70,7 @@ Form1::Form1()
   Option3.Click = [] { mdlBenchmark::SelectVariant(mdlBenchmark::Variant::Full); };
   Option4.Click = [] { mdlBenchmark::SelectVariant(mdlBenchmark::Variant::Demo); };
   Menu("mnuExit").Click = [this] { mnuExit_Click(); };
+  Menu("mnuAbout").Click = [] { forms::ShowWindow<frmAbout>(); };
   Menu("mnuHelp2").Click = [this] { mnuHelp2_Click(); };
 }
 

@@ -16,7 +16,8 @@ Control::Control(Window& window, const ControlArgs& args)
       width_(args.width),
       height_(args.height),
       caption_(args.caption != nullptr ? args.caption : ""),
-      enabled_(args.enabled) {}
+      enabled_(args.enabled),
+      args_(args) {}
 
 void Control::Changed() {
   if (peer != 0) platform::UpdateNativeControl(*this);
@@ -24,6 +25,11 @@ void Control::Changed() {
 
 void Control::SetCaption(const std::string& caption) {
   caption_ = caption;
+  Changed();
+}
+
+void Control::SetToolTipText(const std::string& text) {
+  toolTip_ = text;
   Changed();
 }
 

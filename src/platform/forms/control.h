@@ -12,10 +12,22 @@ namespace forms {
 
 class Window;
 
-enum class ControlType { Frame, CheckBox, OptionButton, CommandButton, TextBox, ComboBox, Label, PictureBox };
+enum class ControlType {
+  Frame, CheckBox, OptionButton, CommandButton, TextBox, ComboBox, Label, PictureBox, Line
+};
+
+// Flags of a picture box, and of the text of a label.
+constexpr int kBorder = 1;     // a sunken border around the picture
+constexpr int kAutoSize = 2;   // the box takes the size of its picture (and its border)
+constexpr int kLargeText = 4;  // a heading: larger and bold
+constexpr int kSmallText = 8;  // small print
+
+// A colour as 0xRRGGBB; kSystemColor keeps the platform's own.
+constexpr std::int32_t kSystemColor = -1;
 
 // One row of a window's control table. Positions and sizes are in twips, from the corner of
-// the container; a null container is the window itself.
+// the container; a null container is the window itself. A line runs from (left, top) to
+// (left + width, top + height).
 struct ControlArgs {
   const char* name;
   int index;  // the index within a control array, -1 for a lone control
@@ -25,6 +37,10 @@ struct ControlArgs {
   int left, top, width, height;
   bool enabled = true;
   int value = 0;  // check box: 1 ticked; option button: 1 selected
+  std::int32_t color = kSystemColor;  // the text of a label, the stroke of a line
+  int borderWidth = 1;                // a line's width in pixels
+  const char* picture = nullptr;      // a picture box's stored picture, by resource name
+  int flags = 0;                      // kBorder, kAutoSize, kLargeText, kSmallText
 };
 
 class Control {
@@ -46,6 +62,12 @@ class Control {
 
   const std::string& Caption() const { return caption_; }
   void SetCaption(const std::string& caption);
+  const std::string& ToolTipText() const { return toolTip_; }
+  void SetToolTipText(const std::string& text);
+  std::int32_t ForeColor() const { return args_.color; }
+  int BorderWidth() const { return args_.borderWidth; }
+  const char* Picture() const { return args_.picture; }
+  int Flags() const { return args_.flags; }
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled);
 
@@ -68,7 +90,9 @@ class Control {
   Control* container_;
   int left_, top_, width_, height_;
   std::string caption_;
+  std::string toolTip_;
   bool enabled_;
+  ControlArgs args_;
 };
 
 class Frame : public Control {
@@ -77,6 +101,12 @@ class Frame : public Control {
 };
 
 class Label : public Control {
+ public:
+  using Control::Control;
+};
+
+// A line on the window, drawn beneath the controls; it takes no focus and no click.
+class Line : public Control {
  public:
   using Control::Control;
 };

@@ -26,6 +26,7 @@ std::unique_ptr<Control> MakeControl(Window& window, const ControlArgs& args) {
     case ControlType::ComboBox: return std::make_unique<ComboBox>(window, args);
     case ControlType::Label: return std::make_unique<Label>(window, args);
     case ControlType::PictureBox: return std::make_unique<PictureBox>(window, args);
+    case ControlType::Line: return std::make_unique<Line>(window, args);
   }
   throw std::logic_error("unknown control type");
 }
@@ -77,6 +78,18 @@ void Window::UserMenuClick(const std::string& name) {
   if (closed_) return;
   MenuItem& item = Menu(name);
   if (item.Click) item.Click();
+}
+
+void Window::UserPressEnter(Control* focused) {
+  if (closed_ || args_.defaultButton == nullptr) return;
+  Control* button = Find(args_.defaultButton);
+  if (focused != nullptr && focused->Type() == ControlType::CommandButton) button = focused;
+  if (button != nullptr) button->UserClick();
+}
+
+void Window::UserPressEscape() {
+  if (closed_ || args_.cancelButton == nullptr) return;
+  if (Control* button = Find(args_.cancelButton)) button->UserClick();
 }
 
 void Window::UserClose() {

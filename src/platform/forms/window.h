@@ -26,7 +26,11 @@ struct WindowArgs {
   int clientWidth, clientHeight;  // twips
   BorderStyle border = BorderStyle::FixedSingle;
   bool hasMenu = false;
-  std::optional<int> left = std::nullopt, top = std::nullopt;  // twips; none: the platform places it
+  // Where the corner of the client area lies on the screen, in twips; none: the platform places it.
+  std::optional<int> left = std::nullopt, top = std::nullopt;
+  // The command buttons that the Enter and the Esc key press; none: the keys press nothing.
+  const char* defaultButton = nullptr;
+  const char* cancelButton = nullptr;
 };
 
 // One entry of a window's menu; a null parent puts it on the menu bar.
@@ -71,6 +75,11 @@ class Window {
   void UserClose();
   // The user chose a menu entry.
   void UserMenuClick(const std::string& name);
+  // The user pressed Enter, with the focus on the given control (or none), or Esc. In a window
+  // with a default button, Enter presses the command button that has the focus, or else the
+  // default button; Esc presses the cancel button. Elsewhere the keys press nothing.
+  void UserPressEnter(Control* focused);
+  void UserPressEscape();
 
  protected:
   // Builds the controls of one table, in tab order.

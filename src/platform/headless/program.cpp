@@ -37,6 +37,10 @@ using headless::detail::M;
 
 std::string ProgramFolder() { return M().programFolder; }
 
+Version ApplicationVersion() {
+  return {KELVARNITE_VERSION_MAJOR, KELVARNITE_VERSION_MINOR, KELVARNITE_VERSION_PATCH};
+}
+
 void EndProcess() {
   M().ended = true;
   throw headless::ProcessExit{};

@@ -1,4 +1,5 @@
 // The running program: its folder and its end.
+#include <cstring>
 #include <vector>
 
 #include "platform/platform.h"
@@ -24,6 +25,24 @@ std::string ProgramFolder() {
   // "C:" alone would mean the current folder of drive C, not its root.
   if (folder.size() == 2 && folder[1] == ':') folder += '\\';
   return folder;
+}
+
+Version ApplicationVersion() {
+  // The file version of the program's own version resource.
+  Version version{0, 0, 0};
+  HRSRC resource = ::FindResourceA(nullptr, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(16));  // RT_VERSION
+  HGLOBAL loaded = resource != nullptr ? ::LoadResource(nullptr, resource) : nullptr;
+  const char* data = loaded != nullptr ? static_cast<const char*>(::LockResource(loaded)) : nullptr;
+  if (data == nullptr) return version;
+  // The fixed part follows the block's header and key, "VS_VERSION_INFO" in UTF-16, on a
+  // four-byte boundary; its signature tells that it was found.
+  const std::size_t offset = (6 + sizeof(L"VS_VERSION_INFO") + 3) & ~static_cast<std::size_t>(3);
+  if (::SizeofResource(nullptr, resource) < offset + sizeof(VS_FIXEDFILEINFO)) return version;
+  VS_FIXEDFILEINFO info;
+  std::memcpy(&info, data + offset, sizeof(info));
+  if (info.dwSignature != 0xFEEF04BDu) return version;
+  return {static_cast<int>(HIWORD(info.dwFileVersionMS)), static_cast<int>(LOWORD(info.dwFileVersionMS)),
+          static_cast<int>(HIWORD(info.dwFileVersionLS))};
 }
 
 void EndProcess() {

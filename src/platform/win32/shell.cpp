@@ -70,7 +70,8 @@ FileDialogResult ShowOpenFileDialog(const std::string& filter) {
   dialog.nFilterIndex = 1;
   dialog.lpstrFile = fileName.data();
   dialog.nMaxFile = static_cast<DWORD>(fileName.size());
-  dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST;
+  // Whatever the user names is taken as it is: the chosen file is not tested.
+  dialog.Flags = OFN_HIDEREADONLY;
 
   FileDialogResult result;
   OtherWindowsDisabled guard(dialog.hwndOwner);

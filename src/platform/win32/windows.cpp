@@ -5,7 +5,10 @@
 
 #include "platform/forms/window.h"
 #include "platform/platform.h"
+#include "platform/win32/pictures.h"
 #include "platform/win32/win32.h"
+
+#include <commctrl.h>
 
 namespace {
 
@@ -14,15 +17,27 @@ constexpr char kClassName[] = "KelvarniteForm";
 // IDCANCEL, which the dialog manager sends for Enter and Esc: no button stands for those keys.
 constexpr int kFirstMenuId = 100;
 constexpr int kFirstControlId = 1000;
-constexpr DWORD kWindowStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_BORDER;
-constexpr DWORD kWindowExStyle = 0;
 // Rows the drop-down list of a combo box shows before it scrolls.
 constexpr int kComboListRows = 12;
 
 struct NativeWindow {
   forms::Window* window = nullptr;
   HWND lastFocus = nullptr;  // restored when the window is activated again
+  HWND toolTip = nullptr;    // the tool tips of its controls
+  std::vector<win32::Picture> pictures;  // shown by its picture boxes, freed with it
 };
+
+struct WindowStyle {
+  DWORD style, exStyle;
+};
+
+// Neither border can be resized, and neither has a minimise or maximise button.
+WindowStyle StyleOf(const forms::WindowArgs& args) {
+  if (args.border == forms::BorderStyle::FixedDialog) {
+    return {WS_POPUP | WS_CAPTION | WS_SYSMENU, WS_EX_DLGMODALFRAME};
+  }
+  return {WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_BORDER, 0};
+}
 
 std::map<HWND, NativeWindow>& Windows() {
   static std::map<HWND, NativeWindow> windows;
@@ -76,7 +91,23 @@ int DpiOf(HWND hwnd) {
 // Twips are 1440 to the inch.
 int Pixels(int twips, int dpi) { return ::MulDiv(twips, dpi, 1440); }
 
-HFONT ControlFont() { return static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)); }
+// The platform's default font, or a size of it for headings and small print. The sizes are
+// made once for the program's life.
+HFONT ControlFont(int flags, int dpi) {
+  HFONT standard = static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
+  const bool large = (flags & forms::kLargeText) != 0, small = (flags & forms::kSmallText) != 0;
+  if (!large && !small) return standard;
+  static std::map<std::pair<int, int>, HFONT> made;
+  HFONT& font = made[{flags & (forms::kLargeText | forms::kSmallText), dpi}];
+  if (font == nullptr) {
+    LOGFONTA look{};
+    ::GetObjectA(standard, sizeof(look), &look);
+    look.lfHeight = -::MulDiv(large ? 12 : 7, dpi, 72);
+    if (large) look.lfWeight = FW_BOLD;
+    font = ::CreateFontIndirectA(&look);
+  }
+  return font != nullptr ? font : standard;
+}
 
 LRESULT CALLBACK FormProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -137,9 +168,9 @@ HMENU BuildMenuBar(const forms::Window& window) {
 
 // Sizes the window so that its client area is exactly width by height pixels. A menu bar that
 // wraps onto a second line is only known once the window has its width, hence the check.
-void FitClientArea(HWND hwnd, int width, int height) {
+void FitClientArea(HWND hwnd, const WindowStyle& style, int width, int height) {
   RECT frame{0, 0, width, height};
-  ::AdjustWindowRectEx(&frame, kWindowStyle, ::GetMenu(hwnd) != nullptr, kWindowExStyle);
+  ::AdjustWindowRectEx(&frame, style.style, ::GetMenu(hwnd) != nullptr, style.exStyle);
   ::SetWindowPos(hwnd, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   RECT client{};
@@ -173,8 +204,10 @@ NativeClass ClassOf(forms::ControlType type) {
       return {"EDIT", ES_LEFT | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, true};
     case forms::ControlType::ComboBox:
       return {"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL, 0, true};
-    case forms::ControlType::Label: return {"STATIC", SS_LEFT, 0, false};
-    case forms::ControlType::PictureBox: return {"STATIC", SS_LEFT | SS_NOTIFY, 0, false};
+    // Notifying, so that a tool tip sees the mouse over it.
+    case forms::ControlType::Label: return {"STATIC", SS_LEFT | SS_NOTIFY, 0, false};
+    case forms::ControlType::PictureBox: return {"STATIC", SS_NOTIFY, 0, false};
+    case forms::ControlType::Line: break;  // drawn by the window itself
   }
   return {"STATIC", SS_LEFT, 0, false};
 }
@@ -188,9 +221,32 @@ bool StartsGroup(const std::vector<std::unique_ptr<forms::Control>>& controls, s
          previous.Container() != controls[i]->Container();
 }
 
+// Shows the stored picture of a picture box at its top left corner, unscaled. A box that takes
+// the size of its picture grows or shrinks to it, border included.
+void ShowPicture(HWND hwnd, forms::Control& control, NativeWindow& owner, int width, int height) {
+  win32::Picture picture = win32::LoadStoredPicture(control.Picture());
+  if (picture.handle == nullptr) return;
+  owner.pictures.push_back(picture);
+  LONG style = ::GetWindowLongA(hwnd, GWL_STYLE);
+  ::SetWindowLongA(hwnd, GWL_STYLE, style | (picture.isIcon ? SS_ICON : SS_BITMAP));
+  ::SendMessageA(hwnd, STM_SETIMAGE, picture.isIcon ? IMAGE_ICON : IMAGE_BITMAP,
+                 reinterpret_cast<LPARAM>(picture.handle));
+  if ((control.Flags() & forms::kAutoSize) != 0) {
+    SIZE size = win32::PictureSize(picture);
+    RECT frame{0, 0, size.cx, size.cy};
+    ::AdjustWindowRectEx(&frame, static_cast<DWORD>(::GetWindowLongA(hwnd, GWL_STYLE)), FALSE,
+                         static_cast<DWORD>(::GetWindowLongA(hwnd, GWL_EXSTYLE)));
+    width = frame.right - frame.left;
+    height = frame.bottom - frame.top;
+  }
+  // The static has taken the picture's size; the box keeps its own.
+  ::SetWindowPos(hwnd, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void CreateControl(HWND parent, const std::vector<std::unique_ptr<forms::Control>>& controls,
                    std::size_t i, int dpi) {
   forms::Control& control = *controls[i];
+  if (control.Type() == forms::ControlType::Line) return;
   NativeClass native = ClassOf(control.Type());
   // Controls inside a frame are placed from the frame's corner, but are children of the
   // window itself: a group box is only a picture and must not take their messages.
@@ -204,6 +260,11 @@ void CreateControl(HWND parent, const std::vector<std::unique_ptr<forms::Control
   if (native.focusable) style |= WS_TABSTOP;
   if (StartsGroup(controls, i)) style |= WS_GROUP;
   if (!control.Enabled()) style |= WS_DISABLED;
+  if ((control.Flags() & forms::kBorder) != 0) native.exStyle |= WS_EX_CLIENTEDGE;
+  const char* defaultButton = control.Parent().Args().defaultButton;
+  if (defaultButton != nullptr && control.Name() == defaultButton) {
+    style = (style & ~static_cast<DWORD>(BS_PUSHBUTTON)) | BS_DEFPUSHBUTTON;
+  }
   std::string caption;
   if (control.Type() == forms::ControlType::TextBox) {
     caption = static_cast<forms::TextBox&>(control).Text();
@@ -216,7 +277,12 @@ void CreateControl(HWND parent, const std::vector<std::unique_ptr<forms::Control
       reinterpret_cast<HMENU>(static_cast<INT_PTR>(kFirstControlId + static_cast<int>(i))),
       Instance(), nullptr);
   if (hwnd == nullptr) return;
-  ::SendMessageA(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(ControlFont()), FALSE);
+  ::SendMessageA(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(ControlFont(control.Flags(), dpi)),
+                 FALSE);
+  if (control.Type() == forms::ControlType::PictureBox) {
+    ShowPicture(hwnd, control, Windows()[parent], Pixels(control.Width(), dpi),
+                Pixels(control.Height(), dpi));
+  }
   if (control.Type() == forms::ControlType::ComboBox) {
     // The height of a drop-down list's field follows from its font; the height given at its
     // creation is that of the field and the opened list together.
@@ -265,6 +331,22 @@ void MirrorOptionButtons(const forms::Window& window) {
   }
 }
 
+// The control's tool tip, in the tool tips of its window: added, changed or taken away.
+void UpdateToolTip(HWND hwnd, const forms::Control& control) {
+  auto found = Windows().find(::GetAncestor(hwnd, GA_ROOT));
+  if (found == Windows().end() || found->second.toolTip == nullptr) return;
+  TOOLINFOA tool{};
+  tool.cbSize = sizeof(tool);
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = ::GetParent(hwnd);
+  tool.uId = reinterpret_cast<UINT_PTR>(hwnd);
+  ::SendMessageA(found->second.toolTip, TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+  if (control.ToolTipText().empty()) return;
+  std::string text = control.ToolTipText();
+  tool.lpszText = text.data();
+  ::SendMessageA(found->second.toolTip, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
 void OnMenu(forms::Window& window, int id) {
   if (id < kFirstMenuId) return;
   auto index = static_cast<std::size_t>(id - kFirstMenuId);
@@ -309,8 +391,47 @@ void OnControl(forms::Window& window, int id, int code, HWND hwnd) {
       return;
     case forms::ControlType::Frame:
     case forms::ControlType::Label:
+    case forms::ControlType::Line:
       return;
   }
+}
+
+// The lines of the window, beneath its controls.
+void PaintLines(HWND hwnd, const forms::Window& window) {
+  PAINTSTRUCT paint;
+  HDC dc = ::BeginPaint(hwnd, &paint);
+  const int dpi = DpiOf(hwnd);
+  for (const auto& control : window.Controls()) {
+    if (control->Type() != forms::ControlType::Line) continue;
+    const std::int32_t c = control->ForeColor() == forms::kSystemColor ? 0 : control->ForeColor();
+    // Drawn inside its width, as a frame is, so that a wide line grows downwards.
+    HPEN pen = ::CreatePen(PS_INSIDEFRAME, control->BorderWidth(),
+                           RGB((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF));
+    HGDIOBJ old = ::SelectObject(dc, pen);
+    ::MoveToEx(dc, Pixels(control->Left(), dpi), Pixels(control->Top(), dpi), nullptr);
+    ::LineTo(dc, Pixels(control->Left() + control->Width(), dpi),
+             Pixels(control->Top() + control->Height(), dpi));
+    ::SelectObject(dc, old);
+    ::DeleteObject(pen);
+  }
+  ::EndPaint(hwnd, &paint);
+}
+
+forms::Control* ControlOfWindow(forms::Window& window, HWND hwnd) {
+  for (const auto& control : window.Controls()) {
+    if (control->peer != 0 && win32::ToHwnd(control->peer) == hwnd) return control.get();
+  }
+  return nullptr;
+}
+
+// A label of a colour of its own; the others keep the system's.
+LRESULT LabelColors(forms::Window& window, HDC dc, HWND label) {
+  forms::Control* control = ControlOfWindow(window, label);
+  if (control == nullptr || control->ForeColor() == forms::kSystemColor) return 0;
+  const std::int32_t c = control->ForeColor();
+  ::SetTextColor(dc, RGB((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF));
+  ::SetBkColor(dc, ::GetSysColor(COLOR_BTNFACE));
+  return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
 }
 
 LRESULT CALLBACK FormProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -323,7 +444,25 @@ LRESULT CALLBACK FormProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CLOSE:
       window.UserClose();
       return 0;
+    case WM_PAINT:
+      PaintLines(hwnd, window);
+      return 0;
+    case WM_CTLCOLORSTATIC:
+      if (LRESULT brush = LabelColors(window, reinterpret_cast<HDC>(wParam),
+                                      reinterpret_cast<HWND>(lParam))) {
+        return brush;
+      }
+      break;
     case WM_COMMAND:
+      // The dialog manager's Enter and Esc, which it sends for keys the controls did not take.
+      if (LOWORD(wParam) == IDOK) {
+        window.UserPressEnter(ControlOfWindow(window, ::GetFocus()));
+        return 0;
+      }
+      if (LOWORD(wParam) == IDCANCEL) {
+        window.UserPressEscape();
+        return 0;
+      }
       if (lParam == 0) {
         if (HIWORD(wParam) == 0) OnMenu(window, LOWORD(wParam));
       } else {
@@ -358,20 +497,32 @@ namespace platform {
 WindowHandle CreateNativeWindow(forms::Window& window) {
   RegisterFormClass();
   const forms::WindowArgs& args = window.Args();
-  int x = CW_USEDEFAULT;
-  int y = CW_USEDEFAULT;
-  if (args.left || args.top) {
-    int screenDpi = DpiOf(nullptr);
-    x = Pixels(args.left.value_or(0), screenDpi);
-    y = Pixels(args.top.value_or(0), screenDpi);
-  }
-  HWND hwnd = ::CreateWindowExA(kWindowExStyle, kClassName, window.Caption().c_str(), kWindowStyle,
-                                x, y, 0, 0, nullptr, nullptr, Instance(), nullptr);
+  const WindowStyle style = StyleOf(args);
+  HWND hwnd = ::CreateWindowExA(style.exStyle, kClassName, window.Caption().c_str(), style.style,
+                                CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr, nullptr, Instance(),
+                                nullptr);
   if (hwnd == nullptr) return 0;
-  Windows()[hwnd].window = &window;
+  NativeWindow& native = Windows()[hwnd];
+  native.window = &window;
+  native.toolTip = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
+                                     WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
+                                     CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd, nullptr,
+                                     Instance(), nullptr);
   if (args.hasMenu && !window.Menus().empty()) ::SetMenu(hwnd, BuildMenuBar(window));
   int dpi = DpiOf(hwnd);
-  FitClientArea(hwnd, Pixels(args.clientWidth, dpi), Pixels(args.clientHeight, dpi));
+  FitClientArea(hwnd, style, Pixels(args.clientWidth, dpi), Pixels(args.clientHeight, dpi));
+  if (args.left || args.top) {
+    // The position is that of the client area's corner, whatever the frame around it.
+    const int screenDpi = DpiOf(nullptr);
+    POINT corner{0, 0};
+    ::ClientToScreen(hwnd, &corner);
+    RECT outer{};
+    ::GetWindowRect(hwnd, &outer);
+    ::SetWindowPos(hwnd, nullptr,
+                   Pixels(args.left.value_or(0), screenDpi) - (corner.x - outer.left),
+                   Pixels(args.top.value_or(0), screenDpi) - (corner.y - outer.top), 0, 0,
+                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
   // In table order, which is the tab order.
   const auto& controls = window.Controls();
   for (std::size_t i = 0; i < controls.size(); ++i) CreateControl(hwnd, controls, i, dpi);
@@ -400,8 +551,19 @@ void DestroyNativeWindow(forms::Window& window) {
   for (const auto& control : window.Controls()) control->peer = 0;
   HWND hwnd = win32::ToHwnd(window.hWnd());
   if (hwnd == nullptr) return;
+  auto found = Windows().find(hwnd);
+  std::vector<win32::Picture> pictures;
+  if (found != Windows().end()) pictures = std::move(found->second.pictures);
   Windows().erase(hwnd);
-  if (::IsWindow(hwnd)) ::DestroyWindow(hwnd);  // the menu bar goes with it
+  // The menu bar and the tool tips, which it owns, go with it.
+  if (::IsWindow(hwnd)) ::DestroyWindow(hwnd);
+  for (const win32::Picture& picture : pictures) {
+    if (picture.isIcon) {
+      ::DestroyIcon(static_cast<HICON>(picture.handle));
+    } else {
+      ::DeleteObject(picture.handle);
+    }
+  }
 }
 
 void UpdateNativeControl(forms::Control& control) {
@@ -453,6 +615,7 @@ void UpdateNativeControl(forms::Control& control) {
   }
   bool enabled = ::IsWindowEnabled(hwnd) != FALSE;
   if (enabled != control.Enabled()) ::EnableWindow(hwnd, control.Enabled() ? TRUE : FALSE);
+  UpdateToolTip(hwnd, control);
 }
 
 int RunEventLoop() {

@@ -1,0 +1,219 @@
+#!/usr/bin/env bash
+# Draws the program's pictures and writes them into data/:
+#
+#   logo.jpg   JPEG (JFIF), 343 x 83, the logo band at the top of the main window
+#   about.gif  GIF89a, 346 x 91, the banner of the About window
+#   about.ico  one 32 x 32 image in 16 colours, 766 bytes, the small icon of the About window
+#
+# All three belong to the family of the program's icon, data/app.ico (tools/make-icon.py): a
+# speed dial with a blue rim, a dark disc, a scale that runs from green through yellow to red
+# and a white needle near the top of the scale. The logo and the banner set that dial on a dark
+# band beside the name "Kelvarnite UT2k3 Benchmark"; the small icon is the dial alone.
+#
+# Needs ImageMagick 6 (apt-get install -y imagemagick), the DejaVu fonts (fonts-dejavu-core)
+# and Python 3 for tools/pack-ico16.py, which writes the 16-colour icon that ImageMagick cannot
+# write in that exact form. Everything is drawn at eight times the final size and scaled down:
+# averaged for the logo and the banner, so that every edge is smooth, and point by point for the
+# small icon, whose 16 colours want crisp edges. Metadata and time stamps are stripped, and a
+# second run gives the same bytes with the same ImageMagick and fonts.
+#
+# Usage: tools/make-pictures.sh [output folder]     (default: data/ of this source tree)
+set -euo pipefail
+
+here=$(cd "$(dirname "$0")" && pwd)
+out=${1:-$(dirname "$here")/data}
+mkdir -p "$out"
+
+for tool in convert identify fc-match python3 awk; do
+  command -v "$tool" >/dev/null || { echo "make-pictures: $tool is missing" >&2; exit 1; }
+done
+
+font_file() {  # font_file PATTERN FILE-NAME: the path of a DejaVu font, found through fontconfig
+  local file
+  file=$(fc-match -f '%{file}' "$1")
+  case $file in
+    */"$2") printf '%s\n' "$file" ;;
+    *) echo "make-pictures: font $2 not found (apt-get install -y fonts-dejavu-core)" >&2; exit 1 ;;
+  esac
+}
+BOLD=$(font_file 'DejaVu Sans:style=Bold' DejaVuSans-Bold.ttf)
+BOOK=$(font_file 'DejaVu Sans:style=Book' DejaVuSans.ttf)
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+# The same pixels on every run: one thread, and -strip on every file written.
+export MAGICK_THREAD_LIMIT=1
+IM=(convert -quiet)
+
+SS=8  # supersampling factor
+
+# ---------------------------------------------------------------------------------------------
+# The dial. Its measures are those of make-icon.py, in units of a dial 32 wide: rim from 13.8
+# to 15.6, scale from 9.5 to 12.5, sweeping 270 degrees clockwise from the lower left, needle at
+# 80 % of the scale, hub of 2.4.
+# ---------------------------------------------------------------------------------------------
+
+# dial_draw N TICKS: the draw primitives of the scale, the ticks, the needle and the hub on a
+# canvas N pixels wide, on stdout. TICKS is 1 for the large dial, with short marks between scale
+# and centre and a tapering needle, and 0 for the small one, with a straight needle 2 units wide
+# as in the program's icon.
+dial_draw() {
+  awk -v n="$1" -v ticks="$2" 'BEGIN {
+    pi = atan2(0, -1); k = n / 32; c = (n - 1) / 2
+    start = 225 * pi / 180; sweep = 270 * pi / 180
+    # the scale: narrow wedges, each in the colour of its place, green - yellow - red
+    steps = 180
+    for (i = 0; i < steps; i++) {
+      t = (i + 0.5) / steps
+      if (t < 0.5) { r = 510 * t; g = 200 } else { r = 255; g = 200 - 400 * (t - 0.5) }
+      a0 = start - sweep * i / steps + 0.004; a1 = start - sweep * (i + 1) / steps - 0.004
+      if (i == 0) a0 = start
+      if (i == steps - 1) a1 = start - sweep
+      printf "fill rgb(%d,%d,40) polygon", r + 0.5, g + 0.5
+      printf " %.2f,%.2f %.2f,%.2f", c + 12.5 * k * cos(a0), c - 12.5 * k * sin(a0), c + 12.5 * k * cos(a1), c - 12.5 * k * sin(a1)
+      printf " %.2f,%.2f %.2f,%.2f\n", c + 9.5 * k * cos(a1), c - 9.5 * k * sin(a1), c + 9.5 * k * cos(a0), c - 9.5 * k * sin(a0)
+    }
+    # the ticks: eleven short grey marks inside the scale, the last three reddish
+    if (ticks) {
+      for (i = 0; i <= 10; i++) {
+        a = start - sweep * i / 10; ca = cos(a); sa = sin(a); w = 0.28 * k
+        r1 = 7.2 * k; r2 = 8.7 * k
+        colour = (i >= 8) ? "rgb(235,120,100)" : "rgb(150,156,166)"
+        printf "fill %s polygon %.2f,%.2f %.2f,%.2f %.2f,%.2f %.2f,%.2f\n", colour, \
+          c + r1 * ca - w * sa, c - r1 * sa - w * ca, c + r2 * ca - w * sa, c - r2 * sa - w * ca, \
+          c + r2 * ca + w * sa, c - r2 * sa + w * ca, c + r1 * ca + w * sa, c - r1 * sa + w * ca
+      }
+    }
+    # the needle: from behind the hub to the inner edge of the scale, tapering to the tip
+    a = start - sweep * 0.8; ca = cos(a); sa = sin(a)
+    b = -1.5 * k; tip = 11.5 * k
+    if (ticks) { wb = 1.1 * k; wt = 0.45 * k } else { wb = 1.0 * k; wt = 1.0 * k }
+    printf "fill rgb(247,247,247) polygon %.2f,%.2f %.2f,%.2f %.2f,%.2f %.2f,%.2f\n", \
+      c + b * ca - wb * sa, c - b * sa - wb * ca, c + tip * ca - wt * sa, c - tip * sa - wt * ca, \
+      c + tip * ca + wt * sa, c - tip * sa + wt * ca, c + b * ca + wb * sa, c - b * sa + wb * ca
+    printf "fill rgb(196,196,196) circle %.2f,%.2f %.2f,%.2f\n", c, c, c + 2.4 * k, c
+    if (ticks) printf "fill rgb(120,124,130) circle %.2f,%.2f %.2f,%.2f\n", c, c, c + 0.9 * k, c
+  }'
+}
+
+# dial SIZE TICKS OUT: a dial SIZE pixels wide on a transparent ground, as PNG. The large dial
+# (TICKS 1) is drawn with smooth edges and scaled down by averaging; the small one is drawn
+# without smoothing and takes one point of each pixel, for the crisp edges that suit a picture
+# of 16 colours.
+dial() {
+  local size=$1 ticks=$2 png=$3 n=$(($1 * SS))
+  local smooth=(-antialias) shrink=(-filter box -resize "${size}x${size}")
+  [[ $ticks = 1 ]] || { smooth=(+antialias); shrink=(-sample "${size}x${size}"); }
+  local c r_rim r_disc
+  c=$(awk -v n="$n" 'BEGIN { printf "%.2f", (n - 1) / 2 }')
+  r_rim=$(awk -v n="$n" -v c="$c" 'BEGIN { printf "%.2f", c + 15.6 * n / 32 }')
+  r_disc=$(awk -v n="$n" -v c="$c" 'BEGIN { printf "%.2f", c + 13.8 * n / 32 }')
+  dial_draw "$n" "$ticks" >"$work/dial.mvg"
+  "${IM[@]}" "${smooth[@]}" \
+    \( -size "${n}x${n}" gradient:'rgb(60,120,230)-rgb(34,68,139)' \
+       \( -size "${n}x${n}" xc:black -fill white -draw "circle $c,$c $r_rim,$c" \) \
+       -alpha off -compose copy_opacity -composite \) \
+    \( -size "${n}x${n}" gradient:'rgb(53,53,56)-rgb(36,36,40)' \
+       \( -size "${n}x${n}" xc:black -fill white -draw "circle $c,$c $r_disc,$c" \) \
+       -alpha off -compose copy_opacity -composite \) \
+    -compose over -composite \
+    -draw "$(cat "$work/dial.mvg")" \
+    "${shrink[@]}" -strip "PNG32:$png"
+}
+
+# rule W OUT: a rule 3 pixels high in the colours of the scale, green, yellow, red, built from
+# two halves so that its middle is yellow, not the brown of a straight green-red gradient.
+rule() {
+  local w=$1 half=$(($1 / 2))
+  "${IM[@]}" \
+    \( -size "3x${half}" gradient:'rgb(0,200,40)-rgb(255,200,40)' -rotate -90 \) \
+    \( -size "3x$((w - half))" gradient:'rgb(255,200,40)-rgb(255,0,40)' -rotate -90 \) \
+    +append -strip "PNG24:$2"
+}
+
+# dark_band W H OUT: the dark band that carries dial and name, with the rule at its foot and a
+# faint light line at its head.
+dark_band() {
+  local w=$1 h=$2 png=$3
+  rule "$w" "$work/rule.png"
+  "${IM[@]}" -size "${w}x$((h - 3))" gradient:'rgb(48,52,60)-rgb(18,20,24)' \
+    "$work/rule.png" -append \
+    -fill 'rgb(92,98,110)' -draw "line 0,0 $((w - 1)),0" \
+    -strip "PNG24:$png"
+}
+
+# text_width FONT SIZE TEXT: the width in pixels of a line of text.
+text_width() {
+  "${IM[@]}" -font "$1" -pointsize "$2" label:"$3" -format '%w' info:
+}
+
+# wordmark BAND DIAL DIAL_X X SIZE Y1 Y2 ARGS...: the dial and the product's name on a band,
+# "Kelvarnite" at (X, Y1) in SIZE points over its shadow, "UT2k3 Benchmark" below it at Y2;
+# ARGS end with the output.
+wordmark() {
+  local band=$1 dial=$2 dial_x=$3 x=$4 size=$5 y1=$6 y2=$7
+  shift 7
+  local x2=$((x + 2 + $(text_width "$BOLD" 18 'UT2k3 ')))
+  "${IM[@]}" "$band" "$dial" -geometry "+$dial_x+4" -compose over -composite \
+    -font "$BOLD" -kerning -0.8 -pointsize "$size" \
+    -fill 'rgb(8,9,11)' -annotate "+$((x + 1))+$((y1 + 1))" 'Kelvarnite' \
+    -fill 'rgb(250,250,250)' -annotate "+$x+$y1" 'Kelvarnite' \
+    -kerning 0 -pointsize 18 \
+    -fill 'rgb(255,200,40)' -annotate "+$((x + 2))+$y2" 'UT2k3' \
+    -font "$BOOK" \
+    -fill 'rgb(206,212,222)' -annotate "+$x2+$y2" 'Benchmark' \
+    "$@"
+}
+
+# The logo of the main window: 343 x 83, JPEG.
+dark_band 343 83 "$work/logo-band.png"
+dial 72 1 "$work/dial72.png"
+wordmark "$work/logo-band.png" "$work/dial72.png" 7 89 34 43 68 \
+  -strip -sampling-factor 1x1 -quality 92 -interlace none "$work/logo.jpg"
+
+# The banner of the About window: 346 x 91, GIF.
+dark_band 346 91 "$work/about-band.png"
+dial 80 1 "$work/dial80.png"
+wordmark "$work/about-band.png" "$work/dial80.png" 8 99 32 39 62 \
+  -pointsize 11 \
+  -fill 'rgb(158,166,178)' -annotate +101+81 'Frame rates for Unreal Tournament 2003' \
+  +dither -colors 256 -strip "GIF:$work/about.gif"
+
+# ---------------------------------------------------------------------------------------------
+# The small icon of the About window: the dial at 32 x 32 in 16 fixed colours.
+# ---------------------------------------------------------------------------------------------
+PALETTE=(
+  000000  # 0  black; also the colour under the transparent pixels
+  242428  # 1  disc, lower half
+  35353a  # 2  disc, upper half
+  22448b  # 3  rim, dark
+  2e5cb8  # 4  rim, middle
+  3c78e6  # 5  rim, light
+  f7f7f7  # 6  needle
+  c4c4c4  # 7  hub
+  00c828  # 8  the scale in eight steps, from green ...
+  55c828  # 9
+  aac828  # 10
+  ffc828  # 11 ... through yellow ...
+  ff9628  # 12
+  ff6428  # 13
+  ff3228  # 14
+  ff0028  # 15 ... to red
+)
+palette_args=()
+for colour in "${PALETTE[@]}"; do palette_args+=(xc:"#$colour"); done
+"${IM[@]}" "${palette_args[@]}" +append -strip "PNG24:$work/palette.png"
+dial 32 0 "$work/dial32.png"
+"${IM[@]}" "$work/dial32.png" -channel A -threshold 50% +channel \
+  \( +clone -alpha extract -depth 8 -write "GRAY:$work/ico-alpha.raw" +delete \) \
+  -background black -alpha remove +dither -remap "$work/palette.png" \
+  -depth 8 -strip "RGB:$work/ico-rgb.raw"
+python3 "$here/pack-ico16.py" "$work/ico-rgb.raw" "$work/ico-alpha.raw" "$work/about.ico" \
+  "${PALETTE[@]}"
+
+# ---------------------------------------------------------------------------------------------
+for name in logo.jpg about.gif about.ico; do
+  cp "$work/$name" "$out/$name"
+done
+identify "$out/logo.jpg" "$out/about.gif" "$out/about.ico"
