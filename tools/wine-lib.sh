@@ -40,7 +40,8 @@ reg_text() { printf '%s' "${1//\\/\\\\}"; }
 
 # make_prefix <folder> <out folder of a build> [options]
 #   --driver <folder>   copy driver.exe and opener.exe from there into DRIVER_FOLDER and let
-#                       the opener take .html files, so that opening a report is recorded
+#                       the opener take .html files and web addresses and stand in for the
+#                       system information tool, so that each of them is recorded
 #   --desktop           a virtual desktop, in which Wine draws title bars and frames itself
 make_prefix() {
   local prefix=$1 out=$2 driver='' desktop=0
@@ -78,8 +79,14 @@ make_prefix() {
       mkdir -p "$(drive_c "$DRIVER_FOLDER")"
       cp "$driver/driver.exe" "$driver/opener.exe" "$(drive_c "$DRIVER_FOLDER")"
       printf '[HKEY_CLASSES_ROOT\\.html]\n@="KelvarniteDriver.html"\n\n'
-      printf '[HKEY_CLASSES_ROOT\\KelvarniteDriver.html\\shell\\open\\command]\n'
-      printf '@="\\"%s\\\\opener.exe\\" \\"%%1\\""\n\n' "$(reg_text "$DRIVER_FOLDER")"
+      local opener
+      opener=$(reg_text "$DRIVER_FOLDER\opener.exe")
+      for class in KelvarniteDriver.html http; do
+        printf '[HKEY_CLASSES_ROOT\\%s\\shell\\open\\command]\n' "$class"
+        printf '@="\\"%s\\" \\"%%1\\""\n\n' "$opener"
+      done
+      printf '[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Shared Tools\\MSINFO]\n'
+      printf '"PATH"="%s"\n\n' "$opener"
     fi
     if [[ $desktop -eq 1 ]]; then
       printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\n"Desktop"="Default"\n\n'

@@ -28,7 +28,9 @@ const std::string kOwnIni = "C:\\My Settings\\my own.ini";
 const std::string kTitle = "Kelvarnite UT2k3 Benchmark";
 constexpr wchar_t kFormClass[] = L"KelvarniteForm";
 // The main window's menu commands follow the rows of its menu table.
-constexpr int kMenuExit = 101, kMenuHelp = 104;
+constexpr int kMenuExit = 101, kMenuAbout = 103, kMenuHelp = 104;
+// The About window's banner is the eighth control of its table.
+constexpr int kBannerId = 1007;
 const char* const kResolutions[] = {"640x480", "800x600", "1024x768", "1280x1024", "1600x1200"};
 
 // What is installed: flags.
@@ -146,6 +148,40 @@ void StartUp(int install) {
   ui::AwaitState(main, "OpenGL", false, true);
 }
 
+// The About window: its texts, the banner's web site, Enter on System Info, and the keys and
+// the button that close it.
+void About(const std::string&) {
+  HWND main = MainWindow();
+  const std::string title = "About " + kTitle;
+  auto open = [&] {
+    ::PostMessageW(main, WM_COMMAND, kMenuAbout, 0);
+    return ui::AwaitTop(kFormClass, title);
+  };
+  auto closed = [&](HWND about) {
+    ui::AwaitTrue("the About window to close", [&] { return !::IsWindow(about); });
+  };
+  HWND about = open();
+  for (const std::string& text : {std::string("Version 2.0.0"), kTitle}) {
+    ui::Await("the label " + text, [&] { return ui::FindChild(about, text); });
+  }
+  Shot(about, "about-window");
+  ui::ClickWithMouse(ui::FindChild(about, L"Static", kBannerId));
+  AwaitOpened("http://www.kelvarnite.example/");
+  ui::PressKey(about, VK_TAB);  // from OK to System Info, where Enter presses that button
+  ui::PressKey(about, VK_RETURN);
+  AwaitOpened(kDriverFolder + "opener.exe");
+  if (!::IsWindow(about)) Fail("Enter on System Info closed the About window");
+  ui::PressKey(about, VK_ESCAPE);
+  closed(about);
+  about = open();
+  ui::PressKey(about, VK_RETURN);
+  closed(about);
+  about = open();
+  Click(about, "OK");
+  closed(about);
+  Exit(main);
+}
+
 // Every test button at two resolutions, with the variant and renderer of the name.
 void EachTest(const std::string& name) {
   const bool demo = name.rfind("demo", 0) == 0;
@@ -188,6 +224,7 @@ const std::vector<Scenario>& Scenarios() {
          [](const std::string&) {
            StartUp(kBoth);
            HWND main = MainWindow();
+           Shot(main, "main-window");
            ::PostMessageW(main, WM_COMMAND, kMenuHelp, 0);
            AwaitOpened(kProgramFolder + "help.html");
            Click(main, "Custom Test");
@@ -195,6 +232,7 @@ const std::vector<Scenario>& Scenarios() {
            ::PostMessageW(main, WM_CLOSE, 0, 0);  // the close box takes Custom Options along
            ui::AwaitProgramEnd();
          }},
+        {"about", kBoth, "", About},
         {"high-quality-five", kFull, "", [](const std::string& n) { HighQuality(n, 31); }},
         {"crash-mid-suite", kFull, "crash dm-inferno",
          [](const std::string& n) { HighQuality(n, 4); }},
@@ -211,6 +249,7 @@ const std::vector<Scenario>& Scenarios() {
            ui::ChooseFile(kOwnIni);
            ui::AwaitTrue("the chosen file in the text box",
                          [&] { return ui::TextOf(ui::FindChild(custom, L"Edit", -1)) == kOwnIni; });
+           Shot(custom, "custom-options-window");
            Click(custom, "Run Test");
            AwaitOpened(kResults);
            ExpectFile(kResults, name + ".html");

@@ -6,7 +6,8 @@
 #
 # One Xvfb and one booted prefix serve the whole run, and each scenario runs in a copy of the
 # prefix. With --update the files that the scenarios find are written to tests/e2e/golden/
-# instead of compared: look at the difference before you commit it.
+# instead of compared, and the pictures of the windows they take go to docs/screenshots/: look
+# at the difference before you commit it.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 source tools/wine-lib.sh
@@ -34,9 +35,10 @@ start_xvfb
 make_prefix "$work/base" "$out" --driver "$driver" --desktop
 # Fast enough that a 35-start suite takes seconds; the runs stay the same, only shorter.
 export UT2003_STANDIN_SPEED=100000
-export KELVARNITE_E2E_GOLDEN
+export KELVARNITE_E2E_GOLDEN KELVARNITE_E2E_SHOTS
 KELVARNITE_E2E_GOLDEN=$(winepath -w "$PWD/tests/e2e/golden" 2>/dev/null)
-mkdir -p tests/e2e/golden
+mkdir -p tests/e2e/golden "$work/shots"
+KELVARNITE_E2E_SHOTS=$(winepath -w "$work/shots" 2>/dev/null)
 
 scenarios=("$@")
 if [[ ${#scenarios[@]} -eq 0 ]]; then
@@ -54,4 +56,10 @@ for name in "${scenarios[@]}"; do
   rm -rf "$work/scenario"
 done
 echo "${#scenarios[@]} scenarios, $failed failed, $((SECONDS - started)) s"
+if [[ ${KELVARNITE_E2E_UPDATE:-} == 1 ]]; then
+  mkdir -p docs/screenshots
+  for shot in "$work"/shots/*.bmp; do
+    [[ -f $shot ]] && convert "$shot" -strip "docs/screenshots/$(basename "${shot%.bmp}").png"
+  done
+fi
 [[ $failed -eq 0 ]]

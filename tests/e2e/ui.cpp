@@ -150,6 +150,16 @@ void Click(HWND window, const std::string& caption) {
   ::PostMessageW(control, BM_CLICK, 0, 0);
 }
 
+void PressKey(HWND window, WPARAM key) {
+  ::PostMessageW(window, WM_KEYDOWN, key, 1);
+  ::PostMessageW(window, WM_KEYUP, key, 0xC0000001);
+}
+
+void ClickWithMouse(HWND control) {
+  ::PostMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2));
+  ::PostMessageW(control, WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
+}
+
 void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled) {
   HWND control = AwaitControl(window, caption);
   bool isChecked = false, isEnabled = false;

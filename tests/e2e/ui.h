@@ -40,6 +40,10 @@ std::string TextOf(HWND window);
 
 // Posts a click on the control with this caption, once it is enabled.
 void Click(HWND window, const std::string& caption);
+// A key pressed in a window, which the program's loop hands to the dialog manager; and a click
+// of the mouse on a control that is not a button.
+void PressKey(HWND window, WPARAM key);
+void ClickWithMouse(HWND control);
 // Waits until the control's check mark and enabled state are as given.
 void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled);
 // A message box: waits for it, checks it, and presses OK.
