@@ -2,13 +2,18 @@
 // program's windows in a Wine prefix laid out by tools/wine-lib.sh.
 //
 //   driver list          the names of the test scenarios, one a line
-//   driver run <name>    sets this prefix up for the scenario, drives it and checks the result
+//   driver host          what the runner must do on the host before a scenario: lines of
+//                        "<scenario> TAB <verb> TAB <argument>..."
+//   driver prepare <name>  sets this prefix up for the scenario
+//   driver run <name> [prepared]  sets it up unless that is done, drives it and checks the result
 //
 // KELVARNITE_E2E_GOLDEN is the folder of the expected files; with KELVARNITE_E2E_UPDATE=1 the
 // files found are written there instead. Where KELVARNITE_E2E_SHOTS names a folder, the
 // scenarios leave pictures of the windows in it.
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,27 +26,28 @@ using ui::Click;
 using ui::Fail;
 
 const std::string kProgramFolder = "C:\\Program Files\\Kelvarnite UT2k3 Benchmark\\";
-const std::string kResults = kProgramFolder + "results.html";
 const std::string kFullGame = "C:\\Games\\UT2003", kDemoGame = "C:\\Games\\UT2003 Demo";
 const std::string kDriverFolder = "C:\\Kelvarnite Driver\\";
 const std::string kOwnIni = "C:\\My Settings\\my own.ini";
 const std::string kTitle = "Kelvarnite UT2k3 Benchmark";
 constexpr wchar_t kFormClass[] = L"KelvarniteForm";
-// The main window's menu commands follow the rows of its menu table.
-constexpr int kMenuExit = 101, kMenuAbout = 103, kMenuHelp = 104;
-// The About window's banner is the eighth control of its table.
-constexpr int kBannerId = 1007;
+// The main window's menu commands follow the rows of its menu table, and the About window's
+// banner is the eighth control of its table.
+constexpr int kMenuExit = 101, kMenuAbout = 103, kMenuHelp = 104, kBannerId = 1007;
 const char* const kResolutions[] = {"640x480", "800x600", "1024x768", "1280x1024", "1600x1200"};
-
 // What is installed: flags.
-constexpr int kFull = 1, kDemo = 2, kBoth = 3, kFullWithoutExe = 4 | kFull;
+constexpr int kFull = 1, kDemo = 2, kBoth = 3;
 
 struct Scenario {
   std::string name;
   int install;
-  std::string fault;  // the stand-in's Fault=, if any
-  void (*steps)(const std::string& name);
-  bool test = true;  // false: a show for the demo, not a test
+  std::function<void(const Scenario&)> steps;
+  std::string fault = "";                  // the stand-in's Fault=, if any
+  std::function<void()> prepare = nullptr;  // changes to the prefix before the start
+  std::vector<std::string> host = {};      // changes on the host, made by the runner first
+  std::string folder = kProgramFolder;     // where the program lies
+  bool test = true;                        // false: a show for the demo, not a test
+  std::string Results() const { return folder + "results.html"; }
 };
 
 std::optional<std::string> ReadBytes(const std::string& path) {
@@ -82,7 +88,8 @@ std::vector<std::string> Lines(const std::string& bytes) {
   return lines;
 }
 
-// The file must hold exactly the bytes of the expected file of that name.
+// The file must hold exactly the bytes of the expected file of that name; "<missing>" stands
+// for a file that must not exist.
 void ExpectFile(const std::string& path, const std::string& expectedName) {
   const std::string expectedPath = Env("KELVARNITE_E2E_GOLDEN") + "\\" + expectedName;
   const std::string actual = ReadBytes(path).value_or("<missing>");
@@ -98,14 +105,15 @@ void ExpectFile(const std::string& path, const std::string& expectedName) {
        "\n  actual:   " + (line < got.size() ? got[line] : "<end>"));
 }
 
-// The recording opener that stands in for the browser writes one line per document.
+// The recording opener stands in for the browser and the system information tool, one line
+// per document.
 std::size_t openedSoFar = 0;
+std::vector<std::string> Opened() {
+  return Lines(ReadBytes(kDriverFolder + "opened.txt").value_or(""));
+}
 void AwaitOpened(const std::string& path) {
   std::vector<std::string> opened;
-  ui::AwaitTrue("the shell to open " + path, [&] {
-    opened = Lines(ReadBytes(kDriverFolder + "opened.txt").value_or(""));
-    return opened.size() > openedSoFar;
-  });
+  ui::AwaitTrue("the shell to open " + path, [&] { return (opened = Opened()).size() > openedSoFar; });
   if (opened[openedSoFar] != path) Fail("the shell opened " + opened[openedSoFar] + ", not " + path);
   ++openedSoFar;
 }
@@ -125,11 +133,11 @@ void Shot(HWND window, const std::string& name) {
 
 std::string StartsOf(const std::string& game) { return game + "\\System\\StandIn.log"; }
 
-std::string NotFound(const std::string& resolution) {
-  return "\"" + kFullGame + "\\System\\ut2003.exe\" dm-inferno?game=engine.gameinfo exec=\"" + kFullGame +
+std::string NotFound(const std::string& game, const std::string& resolution) {
+  return "\"" + game + "\\System\\ut2003.exe\" dm-inferno?game=engine.gameinfo exec=\"" + game +
          "\\Benchmark\\Stuff\\flybyexec.txt\" -benchmark -seconds=77 -nosound ini=\"" + kProgramFolder +
-         "INI\\D3D\\CPU_LowDetail.ini\" userini=\"" + kFullGame +
-         "\\Benchmark\\Stuff\\MinDetailUser.ini\" -" + resolution + " cannot be found.";
+         "INI\\D3D\\CPU_LowDetail.ini\" userini=\"" + game + "\\Benchmark\\Stuff\\MinDetailUser.ini\" -" +
+         resolution + " cannot be found.";
 }
 
 // Start-up in an install state: the state of the version and renderer buttons. With no game,
@@ -148,16 +156,68 @@ void StartUp(int install) {
   ui::AwaitState(main, "OpenGL", false, true);
 }
 
+// Every test button at two resolutions, with the variant and renderer of the name.
+void EachTest(const Scenario& s) {
+  const bool demo = s.name.rfind("demo", 0) == 0;
+  HWND main = MainWindow();
+  Click(main, demo ? "Demo" : "Full");
+  Click(main, s.name.find("ogl") != std::string::npos ? "OpenGL" : "Direct3D");
+  Click(main, "640x480");
+  Click(main, "1024x768");
+  for (std::string test : {"CPU Benchmark", "High Quality", "Low Quality", "Custom Test"}) {
+    Click(main, test);
+    if (test == "Custom Test") Click(CustomWindow(), "Run Test");
+    AwaitOpened(s.Results());
+    for (char& c : test) c = c == ' ' ? '-' : static_cast<char>(std::tolower(c));
+    ExpectFile(s.Results(), s.name + "-" + test + ".html");
+  }
+  Exit(main);  // with the Custom Options window open
+  ExpectFile(StartsOf(demo ? kDemoGame : kFullGame), s.name + ".starts");
+}
+
+// One test at the resolutions of the mask, with the report and the starts of its name.
+void OneTest(const Scenario& s, const char* button, int resolutionMask) {
+  HWND main = MainWindow();
+  for (int i = 0; i < 5; ++i) {
+    if (resolutionMask & (1 << i)) Click(main, kResolutions[i]);
+  }
+  Click(main, button);
+  AwaitOpened(s.Results());
+  ExpectFile(s.Results(), s.name + ".html");
+  Exit(main);
+  ExpectFile(StartsOf(kFullGame), s.name + ".starts");
+}
+
+void CustomOptions(const Scenario& s) {
+  HWND main = MainWindow();
+  Click(main, "800x600");
+  Click(main, "Custom Test");
+  HWND custom = CustomWindow();
+  ui::SelectListEntry(custom, "ctf-face3*");
+  Click(custom, "Enabled");
+  Click(custom, "Custom ini");
+  Click(custom, "Browse...");
+  ui::ChooseFile(kOwnIni);
+  ui::AwaitTrue("the chosen file in the text box",
+                [&] { return ui::TextOf(ui::FindChild(custom, L"Edit", -1)) == kOwnIni; });
+  Shot(custom, "custom-options-window");
+  Click(custom, "Run Test");
+  AwaitOpened(s.Results());
+  ExpectFile(s.Results(), s.name + ".html");
+  ::PostMessageW(main, WM_CLOSE, 0, 0);  // the close box takes Custom Options along
+  ui::AwaitProgramEnd();
+  ExpectFile(StartsOf(kFullGame), s.name + ".starts");
+}
+
 // The About window: its texts, the banner's web site, Enter on System Info, and the keys and
 // the button that close it.
-void About(const std::string&) {
+void About(const Scenario&) {
   HWND main = MainWindow();
-  const std::string title = "About " + kTitle;
   auto open = [&] {
     ::PostMessageW(main, WM_COMMAND, kMenuAbout, 0);
-    return ui::AwaitTop(kFormClass, title);
+    return ui::AwaitTop(kFormClass, "About " + kTitle);
   };
-  auto closed = [&](HWND about) {
+  auto closed = [](HWND about) {
     ui::AwaitTrue("the About window to close", [&] { return !::IsWindow(about); });
   };
   HWND about = open();
@@ -182,46 +242,123 @@ void About(const std::string&) {
   Exit(main);
 }
 
-// Every test button at two resolutions, with the variant and renderer of the name.
-void EachTest(const std::string& name) {
-  const bool demo = name.rfind("demo", 0) == 0;
+// A row of the fault matrix: a CPU benchmark at 640x480 under one fault, the boxes it shows,
+// whether its report is opened, and the files it leaves, each compared with its expected file.
+struct Box {
+  std::string title, text;
+  bool critical;
+};
+struct Outcome {
+  std::vector<Box> atStartUp, inTheRun;
+  bool opened;
+  std::vector<std::pair<std::string, std::string>> files;  // path, suffix of the expected file
+};
+
+void UnderFault(const Scenario& s, const Outcome& outcome) {
+  for (const Box& box : outcome.atStartUp) ui::AnswerBox(box.title, box.text, box.critical);
   HWND main = MainWindow();
-  Click(main, demo ? "Demo" : "Full");
-  Click(main, name.find("ogl") != std::string::npos ? "OpenGL" : "Direct3D");
   Click(main, "640x480");
-  Click(main, "1024x768");
-  for (std::string test : {"CPU Benchmark", "High Quality", "Low Quality", "Custom Test"}) {
-    Click(main, test);
-    if (test == "Custom Test") Click(CustomWindow(), "Run Test");
-    AwaitOpened(kResults);
-    for (char& c : test) c = c == ' ' ? '-' : static_cast<char>(std::tolower(c));
-    ExpectFile(kResults, name + "-" + test + ".html");
-  }
-  Exit(main);  // with the Custom Options window open
-  ExpectFile(StartsOf(demo ? kDemoGame : kFullGame), name + ".starts");
+  Click(main, "CPU Benchmark");
+  for (const Box& box : outcome.inTheRun) ui::AnswerBox(box.title, box.text, box.critical);
+  if (outcome.opened) AwaitOpened(s.Results());
+  ui::AwaitState(main, "CPU Benchmark", false, true);
+  Exit(main);
+  for (const auto& [path, suffix] : outcome.files) ExpectFile(path, s.name + suffix);
 }
 
-// One High Quality suite at the resolutions of the mask, with the checks of its name.
-void HighQuality(const std::string& name, int resolutionMask) {
-  HWND main = MainWindow();
-  for (int i = 0; i < 5; ++i) {
-    if (resolutionMask & (1 << i)) Click(main, kResolutions[i]);
-  }
-  Click(main, "High Quality");
-  AwaitOpened(kResults);
-  ExpectFile(kResults, name + ".html");
-  Exit(main);
-  ExpectFile(StartsOf(kFullGame), name + ".starts");
+// The full game's Folder as the program will read it: ANSI bytes of any type.
+void SetFolder(DWORD type, const std::string& data) {
+  HKEY key = nullptr;
+  ::RegOpenKeyExA(HKEY_LOCAL_MACHINE, "SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003", 0,
+                  KEY_SET_VALUE, &key);
+  ::RegSetValueExA(key, "Folder", 0, type, reinterpret_cast<const BYTE*>(data.data()),
+                   static_cast<DWORD>(data.size()));
+  ::RegCloseKey(key);
+}
+
+std::vector<Scenario> FaultMatrix() {
+  const std::string log = kFullGame + "\\Benchmark\\lowframerate.log";
+  const std::string results = kProgramFolder + "results.html";
+  const std::string oldRecords = "DM-Old\r\n1.000000 / 2.000000 / 3.000000 fps\r\nScore = 2.0\r\n\r\n";
+  const Box notFound{kTitle, NotFound(kFullGame, "640x480"), true};
+  auto emptied = [&](const std::string& path, const char* reason) {
+    return Box{kTitle, path + " cannot be emptied: " + reason + ".", true};
+  };
+  const Box unwritable{kTitle, results + " cannot be written: Permission denied.", true};
+  using Files = std::vector<std::pair<std::string, std::string>>;
+  const Files report{{results, ".html"}, {StartsOf(kFullGame), ".starts"}};
+  auto row = [](std::string name, Outcome outcome) {
+    return Scenario{name, kFull, [outcome](const Scenario& s) { UnderFault(s, outcome); }};
+  };
+  std::vector<Scenario> rows = {
+      row("benchmark-folder-missing",
+          {{emptied(kFullGame + "\\Benchmark\\benchmark.log", "Path not found")},
+           {emptied(kFullGame + "\\Benchmark\\benchmark.log", "Path not found")}, false, report}),
+      row("log-read-only", {{emptied(log, "Permission denied")}, {emptied(log, "Permission denied")},
+                            false, {{log, ".log"}, {results, ".html"}}}),
+      row("report-read-only", {{}, {unwritable}, false, report}),
+      row("program-folder-read-only", {{}, {unwritable}, false, report}),
+      row("game-missing", {{}, {notFound}, true, report}),
+      row("game-not-a-program", {{}, {{kTitle, "5 : Not a valid Windows program", false}}, true, report}),
+      row("game-crashes", {{}, {}, true, report}),
+      row("game-hangs", {{}, {}, true, report}),
+      row("rate-inf", {{}, {}, true, report}),
+      row("rate-of-40-characters", {{}, {}, true, report}),
+      row("folder-empty-string", {{}, {{kTitle, NotFound("", "640x480"), true}}, true, {{results, ".html"}}}),
+      row("folder-expand-string",
+          {{{"Install UT2003", "Please install UT2003[full version] or UT2003[demo]", false}},
+           {{kTitle, NotFound("", "640x480"), true}}, true, {{results, ".html"}}}),
+      row("folder-number", {{emptied("200\\Benchmark\\benchmark.log", "Path not found")},
+                            {emptied("200\\Benchmark\\benchmark.log", "Path not found")}, false,
+                            {{results, ".html"}}}),
+      row("folder-trailing-backslash", {{}, {}, true, report}),
+      row("program-at-drive-root", {{}, {}, true, {{"D:\\results.html", ".html"}, {StartsOf(kFullGame), ".starts"}}}),
+  };
+  auto at = [&](const char* name) -> Scenario& {
+    for (Scenario& s : rows) {
+      if (s.name == name) return s;
+    }
+    Fail(std::string("no row ") + name);
+  };
+  at("benchmark-folder-missing").prepare = [] {
+    ::MoveFileW(ui::Wide(kFullGame + "\\Benchmark").c_str(), ui::Wide(kFullGame + "\\Elsewhere").c_str());
+  };
+  at("log-read-only").prepare = [log, oldRecords] { WriteBytes(log, oldRecords); };
+  at("log-read-only").host = {"immutable\t" + log};
+  at("report-read-only").prepare = [results] { WriteBytes(results, "earlier report"); };
+  at("report-read-only").host = {"immutable\t" + results};
+  at("program-folder-read-only").host = {"immutable\t" + kProgramFolder.substr(0, kProgramFolder.size() - 1)};
+  at("game-missing").prepare = [] { ::DeleteFileW(ui::Wide(kFullGame + "\\System\\ut2003.exe").c_str()); };
+  at("game-not-a-program").prepare = [] {
+    WriteBytes(kFullGame + "\\System\\ut2003.exe", "This is not a program.\r\n");
+  };
+  at("game-crashes").fault = "crash";
+  at("game-hangs").fault = "hang 3";
+  at("rate-inf").fault = "inf";
+  at("rate-of-40-characters").fault = "long-rate";
+  at("folder-empty-string").prepare = [] { SetFolder(REG_SZ, std::string(1, '\0')); };
+  at("folder-expand-string").prepare = [] { SetFolder(REG_EXPAND_SZ, kFullGame + '\0'); };
+  at("folder-number").prepare = [] { SetFolder(REG_DWORD, std::string("\xD3\x07\0\0", 4)); };  // 2003
+  at("folder-trailing-backslash").prepare = [] { SetFolder(REG_SZ, kFullGame + "\\" + '\0'); };
+  at("program-at-drive-root").host = {"copy\t" + kProgramFolder + "\tC:\\Root", "drive\td:\tC:\\Root"};
+  at("program-at-drive-root").folder = "D:\\";
+  return rows;
 }
 
 const std::vector<Scenario>& Scenarios() {
   static const std::vector<Scenario> scenarios = [] {
+    auto startUp = [](int install) {
+      return [install](const Scenario&) {
+        StartUp(install);
+        Exit(MainWindow());
+      };
+    };
     std::vector<Scenario> all = {
-        {"startup-none", 0, "", [](const std::string&) { StartUp(0); Exit(MainWindow()); }},
-        {"startup-full", kFull, "", [](const std::string&) { StartUp(kFull); Exit(MainWindow()); }},
-        {"startup-demo", kDemo, "", [](const std::string&) { StartUp(kDemo); Exit(MainWindow()); }},
-        {"startup-both", kBoth, "",
-         [](const std::string&) {
+        {"startup-none", 0, startUp(0)},
+        {"startup-full", kFull, startUp(kFull)},
+        {"startup-demo", kDemo, startUp(kDemo)},
+        {"startup-both", kBoth,
+         [](const Scenario&) {
            StartUp(kBoth);
            HWND main = MainWindow();
            Shot(main, "main-window");
@@ -232,59 +369,29 @@ const std::vector<Scenario>& Scenarios() {
            ::PostMessageW(main, WM_CLOSE, 0, 0);  // the close box takes Custom Options along
            ui::AwaitProgramEnd();
          }},
-        {"about", kBoth, "", About},
-        {"high-quality-five", kFull, "", [](const std::string& n) { HighQuality(n, 31); }},
-        {"crash-mid-suite", kFull, "crash dm-inferno",
-         [](const std::string& n) { HighQuality(n, 4); }},
-        {"custom-options", kFull, "",
-         [](const std::string& name) {
-           HWND main = MainWindow();
-           Click(main, "800x600");
-           Click(main, "Custom Test");
-           HWND custom = CustomWindow();
-           ui::SelectListEntry(custom, "ctf-face3*");
-           Click(custom, "Enabled");
-           Click(custom, "Custom ini");
-           Click(custom, "Browse...");
-           ui::ChooseFile(kOwnIni);
-           ui::AwaitTrue("the chosen file in the text box",
-                         [&] { return ui::TextOf(ui::FindChild(custom, L"Edit", -1)) == kOwnIni; });
-           Shot(custom, "custom-options-window");
-           Click(custom, "Run Test");
-           AwaitOpened(kResults);
-           ExpectFile(kResults, name + ".html");
-           Exit(main);
-           ExpectFile(StartsOf(kFullGame), name + ".starts");
-         }},
-        {"game-missing", kFullWithoutExe, "",
-         [](const std::string& name) {
-           HWND main = MainWindow();
-           Click(main, "640x480");
-           Click(main, "1600x1200");
-           Click(main, "CPU Benchmark");
-           ui::AnswerBox(kTitle, NotFound("640x480"), true);
-           ui::AnswerBox(kTitle, NotFound("1600x1200"), true);
-           AwaitOpened(kResults);
-           ExpectFile(kResults, name + ".html");
-           Exit(main);
-         }},
-        {"demo", kBoth, "",
-         [](const std::string&) {
+        {"about", kBoth, About},
+        {"high-quality-five", kFull, [](const Scenario& s) { OneTest(s, "High Quality", 31); }},
+        {"crash-mid-suite", kFull, [](const Scenario& s) { OneTest(s, "High Quality", 4); },
+         "crash dm-inferno"},
+        {"custom-options", kFull, CustomOptions},
+        {"demo", kBoth,
+         [](const Scenario& s) {
            HWND main = MainWindow();
            Click(main, "640x480");
            Click(main, "1024x768");
            Click(main, "CPU Benchmark");
-           AwaitOpened(kResults);
+           AwaitOpened(s.Results());
            Shot(main, "main-window");
            Exit(main);
          },
-         false},
+         "", nullptr, {}, kProgramFolder, false},
     };
     for (const char* variant : {"full", "demo"}) {
       for (const char* renderer : {"d3d", "ogl"}) {
-        all.push_back({std::string(variant) + "-" + renderer, kBoth, "", EachTest});
+        all.push_back({std::string(variant) + "-" + renderer, kBoth, EachTest});
       }
     }
+    for (Scenario& fault : FaultMatrix()) all.push_back(std::move(fault));
     return all;
   }();
   return scenarios;
@@ -297,9 +404,6 @@ void Prepare(const Scenario& scenario) {
   for (int variant = 0; variant < 2; ++variant) {
     if (!(scenario.install & (1 << variant))) ::RegDeleteKeyW(HKEY_LOCAL_MACHINE, keys[variant]);
   }
-  if (scenario.install == kFullWithoutExe) {
-    ::DeleteFileW(ui::Wide(kFullGame + "\\System\\ut2003.exe").c_str());
-  }
   if (!scenario.fault.empty()) {
     for (const std::string& game : {kFullGame, kDemoGame}) {
       WriteBytes(game + "\\System\\StandIn.ini", "[StandIn]\r\nFault=" + scenario.fault + "\r\n");
@@ -309,14 +413,16 @@ void Prepare(const Scenario& scenario) {
   ::CreateDirectoryW(L"C:\\My Settings", nullptr);
   ::CopyFileW(ui::Wide(kProgramFolder + "INI\\OGL\\Custom_MinDetail.ini").c_str(),
               ui::Wide(kOwnIni).c_str(), FALSE);
+  if (scenario.prepare) scenario.prepare();
 }
 
-int Run(const Scenario& scenario) {
+int Run(const Scenario& scenario, bool prepared) {
   try {
-    Prepare(scenario);
-    ui::StartProgram(kProgramFolder + "KelvarniteUT2k3Benchmark.exe");
-    scenario.steps(scenario.name);
+    if (!prepared) Prepare(scenario);
+    ui::StartProgram(scenario.folder + "KelvarniteUT2k3Benchmark.exe");
+    scenario.steps(scenario);
     if (::WaitForSingleObject(ui::Program(), 0) != WAIT_OBJECT_0) Fail("the program is still running");
+    if (Opened().size() != openedSoFar) Fail("the shell opened " + Opened().back() + " unasked");
   } catch (const ui::Failure& failure) {
     if (ui::Program() != nullptr) ::TerminateProcess(ui::Program(), 1);
     std::printf("FAIL  %s: %s\n", scenario.name.c_str(), failure.what());
@@ -330,19 +436,17 @@ int Run(const Scenario& scenario) {
 
 int main(int argc, char** argv) {
   const std::string command = argc >= 2 ? argv[1] : "";
-  if (command == "list" && argc == 2) {
-    for (const Scenario& scenario : Scenarios()) {
-      if (scenario.test) std::printf("%s\n", scenario.name.c_str());
+  for (const Scenario& scenario : Scenarios()) {
+    if (command == "list" && argc == 2 && scenario.test) std::printf("%s\n", scenario.name.c_str());
+    if (command == "host" && argc == 2) {
+      for (const std::string& line : scenario.host) std::printf("%s\t%s\n", scenario.name.c_str(), line.c_str());
     }
-    return 0;
-  }
-  if (command == "run" && argc == 3) {
-    for (const Scenario& scenario : Scenarios()) {
-      if (scenario.name == argv[2]) return Run(scenario);
+    if (argc >= 3 && scenario.name == argv[2]) {
+      if (command == "prepare" && argc == 3) return Prepare(scenario), 0;
+      if (command == "run") return Run(scenario, argc == 4 && std::string(argv[3]) == "prepared");
     }
-    std::fprintf(stderr, "no scenario %s\n", argv[2]);
-    return 2;
   }
-  std::fprintf(stderr, "usage: driver list | driver run <scenario>\n");
+  if ((command == "list" || command == "host") && argc == 2) return 0;
+  std::fprintf(stderr, "usage: driver list | host | prepare <scenario> | run <scenario> [prepared]\n");
   return 2;
 }

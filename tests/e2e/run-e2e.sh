@@ -26,6 +26,7 @@ fi
 work=$(mktemp -d "${TMPDIR:-/tmp}/kelvarnite-e2e.XXXXXX")
 cleanup() {
   for prefix in "$work"/*/; do WINEPREFIX=$prefix wineserver -k 2>/dev/null || true; done
+  chattr -R -i "$work" 2>/dev/null || true
   stop_xvfb
   rm -rf "$work"
 }
@@ -44,15 +45,47 @@ scenarios=("$@")
 if [[ ${#scenarios[@]} -eq 0 ]]; then
   readarray -t scenarios < <(wine "$(drive_c "$DRIVER_FOLDER")/driver.exe" list | tr -d '\r')
 fi
+# What each scenario needs done on the host, where Wine cannot reach: files that nobody may
+# change, even root; another program folder; a drive letter.
+declare -A host
+while IFS=$'\t' read -r name line; do
+  host[$name]+="$line"$'\n'
+done < <(wine "$(drive_c "$DRIVER_FOLDER")/driver.exe" host | tr -d '\r')
 wineserver -w
+
+prepare_host() {
+  local verb first second
+  while IFS=$'\t' read -r verb first second; do
+    case $verb in
+      immutable) chattr +i "$(drive_c "$first")" ;;
+      copy) mkdir -p "$(drive_c "$second")" && cp -r "$(drive_c "$first")"/. "$(drive_c "$second")" ;;
+      drive) ln -sfn "$(drive_c "$second")" "$WINEPREFIX/dosdevices/$first" ;;
+      '') ;;
+      *) echo "unknown host step: $verb" >&2; return 1 ;;
+    esac
+  done <<<"${host[$1]:-}"
+}
 
 failed=0
 started=$SECONDS
 for name in "${scenarios[@]}"; do
   cp -a "$work/base" "$work/scenario"
-  WINEPREFIX=$work/scenario wine "$DRIVER_FOLDER\\driver.exe" run "$name" 2>/dev/null \
-    | tr -d '\r' || failed=$((failed + 1))
+  driver=("$DRIVER_FOLDER\\driver.exe")
+  run=(run "$name")
+  # Host steps come between the scenario's own preparation and its run.
+  if [[ -n ${host[$name]:-} ]]; then
+    WINEPREFIX=$work/scenario wine "${driver[@]}" prepare "$name" 2>/dev/null
+    run+=(prepared)
+  fi
+  if WINEPREFIX=$work/scenario prepare_host "$name"; then
+    WINEPREFIX=$work/scenario wine "${driver[@]}" "${run[@]}" 2>/dev/null \
+      | tr -d '\r' || failed=$((failed + 1))
+  else
+    echo "FAIL  $name: its host steps failed"
+    failed=$((failed + 1))
+  fi
   WINEPREFIX=$work/scenario wineserver -k 2>/dev/null || true
+  chattr -R -i "$work/scenario" 2>/dev/null || true
   rm -rf "$work/scenario"
 done
 echo "${#scenarios[@]} scenarios, $failed failed, $((SECONDS - started)) s"
