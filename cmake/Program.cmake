@@ -55,3 +55,5 @@ set_target_properties(registry_check PROPERTIES
 
 # The end-to-end driver and its recording opener.
 add_subdirectory(${CMAKE_SOURCE_DIR}/tests/e2e ${CMAKE_BINARY_DIR}/tests/e2e)
+
+include(${CMAKE_SOURCE_DIR}/cmake/Package.cmake)

@@ -15,6 +15,9 @@ ctest --preset native
 echo "== Windows builds"
 tools/build-windows.sh
 
+echo "== Release package"
+tests/package/check-package.sh
+
 echo "== Registry layer under Wine"
 tests/wine/run-registry-check.sh build/mingw-x86_64/tests/wine/registry_check.exe
 
