@@ -5,7 +5,6 @@
 #include <random>
 
 #include "platform/forms/window.h"
-#include "windows/Form2.h"
 
 namespace testing_support {
 
@@ -27,7 +26,7 @@ void HeadlessTest::TearDown() {
 namespace {
 
 void Install(const char* key, const std::string& folder) {
-  headless::SetString(platform::kLocalMachine, key, "Folder", folder);
+  headless::SetString(kHklm, key, "Folder", folder);
   headless::PutFile(folder + "\\System\\ut2003.exe", "stand-in");
   headless::MakeFolder(folder + "\\Benchmark");
 }
@@ -57,25 +56,10 @@ std::vector<bool> HeadlessTest::RunControlsEnabled() {
   return enabled;
 }
 
-Form2* HeadlessTest::CustomWindow() { return static_cast<Form2*>(forms::FindOpen(Form2::kName)); }
-
-std::vector<std::string> HeadlessTest::Lines(const std::string& bytes) {
-  std::vector<std::string> lines;
-  std::size_t start = 0;
-  for (std::size_t end; (end = bytes.find("\r\n", start)) != std::string::npos; start = end + 2) {
-    lines.push_back(bytes.substr(start, end - start));
-  }
-  EXPECT_EQ(start, bytes.size()) << "the text does not end in CR LF";
-  return lines;
+Form2& HeadlessTest::OpenCustom() {
+  EXPECT_TRUE(headless::Click(MainForm().Command4));
+  return *CustomWindow();
 }
-
-std::string HeadlessTest::FileOrMissing(const std::string& windowsPath) {
-  return headless::GetFile(windowsPath).value_or("<missing>");
-}
-
-}  // namespace testing_support
-
-namespace testing_support {
 
 std::string HeadlessTest::Golden(const std::string& name) {
   std::ifstream in(std::filesystem::path(KELVARNITE_GOLDEN_DIR) / name, std::ios::binary);
