@@ -34,13 +34,22 @@ TEST_F(Runs, RefusedRunsTellWhyWithTheControlsLocked) {
     headless::PutFile(kLog, "stale, 1 / 2 / 3abcd, x, y\r\n");
     headless::PutFile(kBenchLog, "stale\r\n");
     std::vector<bool> enabledWhileOpen;
+    // The option buttons are no run controls: they keep their state.
+    auto options = [&] {
+      return std::vector<bool>{form.Option1.Enabled(), form.Option2.Enabled(), form.Option3.Enabled(),
+                               form.Option4.Enabled()};
+    };
+    const std::vector<bool> optionsBefore = options();
+    std::vector<bool> optionsWhileOpen;
     headless::AnswerBoxes([&](const headless::Box&) {
       enabledWhileOpen = RunControlsEnabled();
+      optionsWhileOpen = options();
       return 1;
     });
     headless::Click(button);
     EXPECT_EQ(headless::Boxes(), Boxes{row.box});
     EXPECT_EQ(enabledWhileOpen, std::vector<bool>(9, false));
+    EXPECT_EQ(optionsWhileOpen, optionsBefore);
     EXPECT_EQ(headless::Starts().size(), 1u);
     EXPECT_EQ(FileOrMissing(kLog) + FileOrMissing(kBenchLog), "");
     EXPECT_EQ(FileOrMissing(kReport), report);
@@ -85,6 +94,11 @@ TEST_F(Runs, NoGameFoundRunsTheFullSuiteAndEachStartFails) {
   EXPECT_EQ(first.rfind("\"\\System\\ut2003.exe\" dm-antalus?", 0), 0u);
   ASSERT_EQ(headless::Boxes().size(), 8u);  // the first told of the missing install at start-up
   EXPECT_EQ(headless::Boxes()[1], (headless::Box{first + " cannot be found.", kTitle, 16}));
+  // Seven columns at one resolution and the notes, with no variant to name.
+  const std::string report = FileOrMissing(kReport);
+  EXPECT_EQ(std::count(report.begin(), report.end(), '\n'), 1 + 3 * (5 + 10 * 2) + 11);
+  EXPECT_NE(report.find("\r\nThis test was run using the  version of Unreal Tournament 2003\r\n"),
+            std::string::npos);
 }
 
 }  // namespace

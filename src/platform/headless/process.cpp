@@ -61,11 +61,10 @@ bool StartProcess(const std::string& commandLine, int windowStyle, std::uint32_t
   auto& m = M();
   m.starts.push_back({commandLine, windowStyle, false});
   headless::GameRun run;
-  if (!m.gameRuns.empty()) {
+  const bool programmed = !m.gameRuns.empty();
+  if (programmed) {
     run = m.gameRuns.front();
     m.gameRuns.pop_front();
-  } else {
-    run.record = headless::OwnRecord(commandLine, m.starts.size());
   }
   std::string program = headless::ProgramOf(commandLine);
   if (run.kind == headless::GameRun::Kind::FailStart) {
@@ -76,6 +75,8 @@ bool StartProcess(const std::string& commandLine, int windowStyle, std::uint32_t
     *failure = {53, "File not found"};
     return false;
   }
+  // Only a started game writes a record, and only a game's line has the parts of one.
+  if (!programmed) run.record = headless::OwnRecord(commandLine, m.starts.size());
   m.starts.back().started = true;
   *processId = static_cast<std::uint32_t>(1000 + m.starts.size());
   if (run.kind == headless::GameRun::Kind::AppendRecord) {
