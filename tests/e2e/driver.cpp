@@ -13,6 +13,8 @@
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <string>
@@ -51,26 +53,14 @@ struct Scenario {
 };
 
 std::optional<std::string> ReadBytes(const std::string& path) {
-  HANDLE file = ::CreateFileW(ui::Wide(path).c_str(), GENERIC_READ,
-                              FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return std::nullopt;
-  std::string bytes;
-  char buffer[65536];
-  DWORD read = 0;
-  while (::ReadFile(file, buffer, sizeof(buffer), &read, nullptr) && read > 0) bytes.append(buffer, read);
-  ::CloseHandle(file);
-  return bytes;
+  std::ifstream file(std::filesystem::path(ui::Wide(path)), std::ios::binary);
+  if (!file) return std::nullopt;
+  return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
 void WriteBytes(const std::string& path, const std::string& bytes) {
-  HANDLE file = ::CreateFileW(ui::Wide(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                              FILE_ATTRIBUTE_NORMAL, nullptr);
-  DWORD written = 0;
-  if (file == INVALID_HANDLE_VALUE ||
-      !::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr)) {
-    Fail("cannot write " + path);
-  }
-  ::CloseHandle(file);
+  std::ofstream file(std::filesystem::path(ui::Wide(path)), std::ios::binary);
+  if (!(file << bytes)) Fail("cannot write " + path);
 }
 
 std::string Env(const char* name) {

@@ -41,21 +41,14 @@ std::vector<HWND> Collected(Enumerate enumerate) {
 
 void Fail(const std::string& why) { throw Failure(why); }
 
+// Every text the driver reads or writes is ASCII.
 std::string Narrow(const std::wstring& text) {
-  int size = ::WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, nullptr, 0, nullptr, nullptr);
-  std::string result(static_cast<std::size_t>(size > 0 ? size : 1), '\0');
-  ::WideCharToMultiByte(CP_UTF8, 0, text.c_str(), -1, result.data(), size, nullptr, nullptr);
-  result.resize(result.size() - 1);
-  return result;
+  std::string narrow;
+  for (wchar_t c : text) narrow += static_cast<char>(c);
+  return narrow;
 }
 
-std::wstring Wide(const std::string& text) {
-  int size = ::MultiByteToWideChar(CP_UTF8, 0, text.c_str(), -1, nullptr, 0);
-  std::wstring result(static_cast<std::size_t>(size > 0 ? size : 1), L'\0');
-  ::MultiByteToWideChar(CP_UTF8, 0, text.c_str(), -1, result.data(), size);
-  result.resize(result.size() - 1);
-  return result;
-}
+std::wstring Wide(const std::string& text) { return std::wstring(text.begin(), text.end()); }
 
 HWND Await(const std::string& what, const std::function<HWND()>& ready, int seconds) {
   const DWORD start = ::GetTickCount();

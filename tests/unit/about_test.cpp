@@ -52,74 +52,51 @@ TEST_F(About, OneWindowWithItsTextsTheWebSiteAndItsKeys) {
 // Where the registry names the system information tool, and what comes of each answer: the
 // tool started in a normal window and left alone, or the one box for every cause.
 TEST_F(About, SystemInfoStartsTheToolTheRegistryNames) {
-  const std::string unterminated = "C:\\Tools\\msinfo.exe";
   // A path of the given length in folders of 100 characters, as no host takes longer names.
   auto deep = [](std::size_t length) {
     std::string path = "C:";
     while (path.size() < length) path += "\\" + std::string(std::min<std::size_t>(100, length - path.size() - 1), 'x');
     return path;
   };
+  const std::string z(1, '\0'), box = "the box", bare = "C:\\Tools\\msinfo.exe";
   const struct {
     const char* description;
-    std::function<void()> setUp;
-    std::string started;  // empty: the box
-    bool secondLookup;
+    std::uint32_t type;  // of the first lookup's PATH; 0: none
+    std::string path, folder;  // the bytes of PATH; the folder of the second lookup, if any
+    bool readOnlyKey, secondLookup;
+    std::string outcome;
   } rows[] = {
-      {"a whole path, not looked for", [] { headless::SetString(kHklm, kPathKey, "PATH", kTool); },
-       kTool, false},
-      {"a path stored without its terminator keeps its last character",
-       [&] { headless::SetValue(kHklm, kPathKey, "PATH", platform::kRegSz, unterminated); },
-       unterminated, false},
-      {"a path of 1024 bytes with its terminator",
-       [&] { headless::SetString(kHklm, kPathKey, "PATH", deep(1023)); }, deep(1023), false},
-      {"a path of 1025 bytes counts as missing",
-       [&] { headless::SetString(kHklm, kPathKey, "PATH", deep(1024)); }, "", true},
-      {"a path whose file is gone", [] {
-         headless::SetString(kHklm, kPathKey, "PATH", "C:\\Gone\\msinfo32.exe");
-         headless::SetString(kHklm, kFolderKey, "MSINFO", "C:\\Windows\\System32");
-       }, "", false},
-      {"an expandable path is read as empty", [] {
-         headless::SetValue(kHklm, kPathKey, "PATH", platform::kRegExpandSz, std::string(kTool) + '\0');
-       }, "", false},
-      {"a value of no bytes", [] { headless::SetValue(kHklm, kPathKey, "PATH", platform::kRegSz, ""); },
-       "", false},
-      {"a key that grants no more than reading",
-       [] {
-         headless::CreateKey(kHklm, kPathKey, headless::kKeyRead);
-         headless::SetString(kHklm, kPathKey, "PATH", kTool);
-       }, "", true},
-      {"the folder of the second lookup",
-       [] { headless::SetString(kHklm, kFolderKey, "MSINFO", "C:\\Windows\\System32"); },
-       "C:\\Windows\\System32\\MSINFO32.EXE", true},
-      {"a folder without the tool", [] { headless::SetString(kHklm, kFolderKey, "MSINFO", "C:\\Empty"); },
-       "", true},
-      {"no lookup answers", [] {}, "", true},
+      {"a whole path, not looked for", platform::kRegSz, kTool + z, "", false, false, kTool},
+      {"without a terminator the last character stays", platform::kRegSz, bare, "", false, false, bare},
+      {"1024 bytes with the terminator", platform::kRegSz, deep(1023) + z, "", false, false, deep(1023)},
+      {"1025 bytes count as missing", platform::kRegSz, deep(1024) + z, "", false, true, box},
+      {"the file is gone", platform::kRegSz, "C:\\Gone.exe" + z, "C:\\Windows\\System32", false, false, box},
+      {"an expandable path reads as empty", platform::kRegExpandSz, kTool + z, "", false, false, box},
+      {"a value of no bytes", platform::kRegSz, "", "", false, false, box},
+      {"a key that grants only reading", platform::kRegSz, kTool + z, "", true, true, box},
+      {"the folder of the second lookup", 0, "", "C:\\Windows\\System32", false, true, kTool},
+      {"a folder without the tool", 0, "", "C:\\Empty", false, true, box},
+      {"no lookup answers", 0, "", "", false, true, box},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
     Fresh();
-    headless::PutFile(kTool, "tool");
-    headless::PutFile(unterminated, "tool");
-    headless::PutFile(deep(1023), "tool");
-    headless::PutFile(deep(1024), "tool");
-    row.setUp();
+    for (const std::string& file : {std::string(kTool), bare, deep(1023), deep(1024)}) headless::PutFile(file, "x");
+    if (row.readOnlyKey) headless::CreateKey(kHklm, kPathKey, headless::kKeyRead);
+    if (row.type != 0) headless::SetValue(kHklm, kPathKey, "PATH", row.type, row.path);
+    if (!row.folder.empty()) headless::SetString(kHklm, kFolderKey, "MSINFO", row.folder);
     headless::ChooseMenu(StartProgram(), "mnuAbout");
-    const std::size_t boxesBefore = headless::Boxes().size();
+    const std::size_t boxes = headless::Boxes().size();
     headless::Click(Window()->cmdSysInfo);
+    const bool boxed = headless::Boxes().size() == boxes + 1 &&
+                       headless::Boxes().back() == headless::Box{"System Information Is Unavailable At This Time", kTitle, 0};
+    const auto& starts = headless::Starts();
+    EXPECT_EQ(boxed ? box : starts.empty() ? "nothing" : starts.back().commandLine, row.outcome);
+    EXPECT_EQ(boxed || starts.empty() ? 1 : starts.back().windowStyle, 1);
     const auto& calls = headless::RegistryCalls();
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "open " + std::string(kFolderKey) + " 131135"),
               row.secondLookup ? 1 : 0);
     EXPECT_EQ(headless::OpenKeyCount(), 0);
-    if (row.started.empty()) {
-      EXPECT_EQ(headless::Boxes().size(), boxesBefore + 1);
-      EXPECT_EQ(headless::Boxes().back(),
-                (headless::Box{"System Information Is Unavailable At This Time", kTitle, 0}));
-    } else {
-      EXPECT_EQ(headless::Boxes().size(), boxesBefore);
-      ASSERT_FALSE(headless::Starts().empty());
-      EXPECT_EQ(headless::Starts().back().commandLine + " " + std::to_string(headless::Starts().back().windowStyle),
-                row.started + " 1");
-    }
     EXPECT_NE(Window(), nullptr);  // the About window stays open
   }
 }
