@@ -2,7 +2,8 @@
 # Installs what the builds and the tests need on Debian, where it is missing.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ libgtest-dev libbenchmark-dev mingw-w64 wine wine64 xvfb imagemagick unzip)
+packages=(cmake ninja-build g++ libgtest-dev libbenchmark-dev mingw-w64 wine wine64 xvfb imagemagick unzip
+  clang libclang-rt-14-dev)
 missing=()
 for package in "${packages[@]}"; do
   dpkg -s "$package" >/dev/null 2>&1 || missing+=("$package")

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Every test: the unit tests on the headless platform (with AddressSanitizer and
-# UndefinedBehaviorSanitizer), both Windows builds, the registry check under Wine, and the
-# end-to-end scenarios of the real program and the stand-in game under Wine and Xvfb.
+# UndefinedBehaviorSanitizer), a minute of fuzzing of the log reader and the report writer,
+# both Windows builds, the registry check under Wine, and the end-to-end scenarios of the real
+# program and the stand-in game under Wine and Xvfb.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -11,6 +12,23 @@ echo "== Unit tests"
 cmake --preset native >/dev/null
 cmake --build --preset native
 ctest --preset native
+
+echo "== Fuzzing the log reader and the report writer"
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz
+# The fuzzer adds to its corpus, so it gets a copy; a finding and the output land in build/fuzz/.
+corpus=$(mktemp -d)
+trap 'rm -rf "$corpus"' EXIT
+cp tests/fuzz/corpus/* "$corpus"
+# A small quarantine keeps the RSS a measure of the program's own memory. A log is at most
+# 64 KiB, so the reader's largest allocation is its array of at most 16385 records, 4 MiB.
+if ! ASAN_OPTIONS=quarantine_size_mb=16 build/fuzz/tests/fuzz/log_report_fuzzer "$corpus" \
+    -max_total_time=60 -max_len=65536 -malloc_limit_mb=8 -rss_limit_mb=256 -timeout=10 \
+    -artifact_prefix=build/fuzz/ -print_final_stats=1 >build/fuzz/fuzz.log 2>&1; then
+  tail -n 60 build/fuzz/fuzz.log
+  exit 1
+fi
+grep -E '^#[0-9]+[[:space:]]+DONE|^stat::' build/fuzz/fuzz.log
 
 echo "== Windows builds"
 tools/build-windows.sh
