@@ -40,10 +40,16 @@ class OtherWindowsDisabled {
 
 namespace platform {
 
+// The shell and the file dialog are loaded when they are first used: with them the system
+// brings in much of itself, the printing stack among it, which a start of the program would
+// otherwise wait for.
 std::intptr_t ShellExecuteA(WindowHandle owner, const char* operation, const char* file,
                             const char* parameters, const char* directory, int showCommand) {
+  static const auto shellExecute =
+      win32::LateBound<decltype(&::ShellExecuteA)>("shell32.dll", "ShellExecuteA");
+  if (shellExecute == nullptr) return 0;
   HINSTANCE result =
-      ::ShellExecuteA(win32::ToHwnd(owner), operation, file, parameters, directory, showCommand);
+      shellExecute(win32::ToHwnd(owner), operation, file, parameters, directory, showCommand);
   return reinterpret_cast<std::intptr_t>(result);
 }
 
@@ -73,13 +79,21 @@ FileDialogResult ShowOpenFileDialog(const std::string& filter) {
   // Whatever the user names is taken as it is: the chosen file is not tested.
   dialog.Flags = OFN_HIDEREADONLY;
 
+  static const auto getOpenFileName =
+      win32::LateBound<decltype(&::GetOpenFileNameA)>("comdlg32.dll", "GetOpenFileNameA");
+  static const auto extendedError =
+      win32::LateBound<decltype(&::CommDlgExtendedError)>("comdlg32.dll", "CommDlgExtendedError");
   FileDialogResult result;
+  if (getOpenFileName == nullptr || extendedError == nullptr) {
+    result.errorNumber = static_cast<int>(::GetLastError());
+    return result;
+  }
   OtherWindowsDisabled guard(dialog.hwndOwner);
-  if (::GetOpenFileNameA(&dialog)) {
+  if (getOpenFileName(&dialog)) {
     result.fileName = fileName.data();
     return result;
   }
-  DWORD error = ::CommDlgExtendedError();
+  DWORD error = extendedError();
   // No extended error means the user cancelled; anything else is the dialog's own failure.
   result.errorNumber = error == 0 ? kCancelError : static_cast<int>(error);
   return result;

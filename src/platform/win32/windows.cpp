@@ -166,13 +166,16 @@ HMENU BuildMenuBar(const forms::Window& window) {
   return bar;
 }
 
-// Sizes the window so that its client area is exactly width by height pixels. A menu bar that
-// wraps onto a second line is only known once the window has its width, hence the check.
-void FitClientArea(HWND hwnd, const WindowStyle& style, int width, int height) {
+// The outer size of a window whose client area is width by height pixels.
+SIZE FrameSize(const WindowStyle& style, bool menu, int width, int height) {
   RECT frame{0, 0, width, height};
-  ::AdjustWindowRectEx(&frame, style.style, ::GetMenu(hwnd) != nullptr, style.exStyle);
-  ::SetWindowPos(hwnd, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  ::AdjustWindowRectEx(&frame, style.style, menu ? TRUE : FALSE, style.exStyle);
+  return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
+// Makes the client area exactly width by height pixels, where the frame's size missed it: a
+// menu bar that wraps onto a second line is only known once the window has its width.
+void FitClientArea(HWND hwnd, int width, int height) {
   RECT client{};
   ::GetClientRect(hwnd, &client);
   int extraWidth = width - (client.right - client.left);
@@ -336,7 +339,8 @@ void UpdateToolTip(HWND hwnd, const forms::Control& control) {
   auto found = Windows().find(::GetAncestor(hwnd, GA_ROOT));
   if (found == Windows().end() || found->second.toolTip == nullptr) return;
   TOOLINFOA tool{};
-  tool.cbSize = sizeof(tool);
+  // The size that every version of the common controls knows.
+  tool.cbSize = TTTOOLINFOA_V2_SIZE;
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
   tool.hwnd = ::GetParent(hwnd);
   tool.uId = reinterpret_cast<UINT_PTR>(hwnd);
@@ -345,6 +349,25 @@ void UpdateToolTip(HWND hwnd, const forms::Control& control) {
   std::string text = control.ToolTipText();
   tool.lpszText = text.data();
   ::SendMessageA(found->second.toolTip, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+// The tool tips of a window's controls, made once it is on the screen: nobody can point at a
+// control before, and the common controls and a window of their own would hold up the first
+// showing.
+void AddToolTips(HWND hwnd, forms::Window& window) {
+  NativeWindow& native = Windows()[hwnd];
+  if (native.toolTip != nullptr) return;
+  static const auto initControls =
+      win32::LateBound<decltype(&::InitCommonControlsEx)>("comctl32.dll", "InitCommonControlsEx");
+  INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_WIN95_CLASSES};
+  if (initControls == nullptr || !initControls(&classes)) return;
+  native.toolTip = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
+                                     WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
+                                     CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd, nullptr,
+                                     Instance(), nullptr);
+  for (const auto& control : window.Controls()) {
+    if (control->peer != 0) UpdateToolTip(win32::ToHwnd(control->peer), *control);
+  }
 }
 
 void OnMenu(forms::Window& window, int id) {
@@ -498,22 +521,20 @@ WindowHandle CreateNativeWindow(forms::Window& window) {
   RegisterFormClass();
   const forms::WindowArgs& args = window.Args();
   const WindowStyle style = StyleOf(args);
+  // Made at its size and with its menu at once: each change of a window costs its time.
+  HMENU menu = args.hasMenu && !window.Menus().empty() ? BuildMenuBar(window) : nullptr;
+  const int screenDpi = DpiOf(nullptr);
+  const SIZE frame = FrameSize(style, menu != nullptr, Pixels(args.clientWidth, screenDpi),
+                               Pixels(args.clientHeight, screenDpi));
   HWND hwnd = ::CreateWindowExA(style.exStyle, kClassName, window.Caption().c_str(), style.style,
-                                CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr, nullptr, Instance(),
-                                nullptr);
+                                CW_USEDEFAULT, CW_USEDEFAULT, frame.cx, frame.cy, nullptr, menu,
+                                Instance(), nullptr);
   if (hwnd == nullptr) return 0;
-  NativeWindow& native = Windows()[hwnd];
-  native.window = &window;
-  native.toolTip = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
-                                     WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
-                                     CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd, nullptr,
-                                     Instance(), nullptr);
-  if (args.hasMenu && !window.Menus().empty()) ::SetMenu(hwnd, BuildMenuBar(window));
+  Windows()[hwnd].window = &window;
   int dpi = DpiOf(hwnd);
-  FitClientArea(hwnd, style, Pixels(args.clientWidth, dpi), Pixels(args.clientHeight, dpi));
+  FitClientArea(hwnd, Pixels(args.clientWidth, dpi), Pixels(args.clientHeight, dpi));
   if (args.left || args.top) {
     // The position is that of the client area's corner, whatever the frame around it.
-    const int screenDpi = DpiOf(nullptr);
     POINT corner{0, 0};
     ::ClientToScreen(hwnd, &corner);
     RECT outer{};
@@ -536,6 +557,7 @@ void ShowNativeWindow(forms::Window& window) {
   if (!::IsWindowVisible(hwnd)) {
     ::ShowWindow(hwnd, SW_SHOW);
     ::UpdateWindow(hwnd);
+    AddToolTips(hwnd, window);
   } else {
     // Shown again while open: it comes to the front.
     ::SetForegroundWindow(hwnd);
