@@ -46,6 +46,8 @@ TEST_F(LogTest, ReadsEachRecordIntoFixedFields) {
       {"a", {"a             |" + kB10 + "|" + kB10 + "|" + kB10}},
       {"\"abc\"junk, 1 / 2 / 3abcd, x, y", {kAbc}},
       {"\"ab, 1 / 2 / 3abcd, x, y\r\n", {"ab, 1 / 2 / 3a|" + kB10 + "|" + kB10 + "|" + kB10}},
+      // A line end inside quotes belongs to the item, as any other character does.
+      {"\"dm\r\nx\", 1 / 2 / 3abcd, x, y", {"dm\r\nx         |1         |2         |3         "}},
       {"\tabc,\t1 / 2 / 3abcd, x, y", {kAbc}},
       {"abc\r1 / 2 / 3abcd\rx\ry\rabc\n1 / 2 / 3abcd\nx\ny", {kAbc, kAbc}},
       {"abc, 1 / 2 / 3abcd  , x, y", {"abc           |1         |2         |3ab       "}},
