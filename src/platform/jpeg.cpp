@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 
 namespace jpeg {
 namespace {
@@ -171,6 +172,7 @@ class Decoder {
     const int dcSize = Symbol(dc_[c.dcTable]);
     if (dcSize < 0 || dcSize > 11) return false;
     c.predictor += Extended(dcSize);
+    if (c.predictor < -32768 || c.predictor > 32767) return false;  // beyond any 8-bit picture
     coefficients[0] = static_cast<float>(c.predictor * quant_[c.quant][0]);
     for (int k = 1; k < 64;) {
       const int symbol = Symbol(ac_[c.acTable]);
@@ -236,8 +238,8 @@ class Decoder {
     // One component alone is coded block by block over its own size; several, by units that
     // hold each one's blocks.
     const bool single = count == 1;
-    const int across = single ? (width_ * scan[0]->h / maxH_ + 7) / 8 : mcusAcross_;
-    const int down = single ? (height_ * scan[0]->v / maxV_ + 7) / 8 : mcusDown_;
+    const int across = single ? (width_ * scan[0]->h + 8 * maxH_ - 1) / (8 * maxH_) : mcusAcross_;
+    const int down = single ? (height_ * scan[0]->v + 8 * maxV_ - 1) / (8 * maxV_) : mcusDown_;
     bitCount_ = 0;
     for (int unit = 0; unit < across * down; ++unit) {
       if (restartInterval_ != 0 && unit != 0 && unit % restartInterval_ == 0) {
@@ -300,7 +302,11 @@ class Decoder {
 
 bool Decode(const std::uint8_t* data, std::size_t size, Image& image) {
   if (data == nullptr) return false;
-  return Decoder(data, size).Run(image);
+  try {
+    return Decoder(data, size).Run(image);
+  } catch (const std::bad_alloc&) {
+    return false;  // a frame far larger than any stored picture
+  }
 }
 
 }  // namespace jpeg

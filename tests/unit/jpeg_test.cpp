@@ -45,10 +45,16 @@ TEST(Jpeg, DecodesTheKindsOfBaselineFile) {
       for (int c = 0; c < 3; ++c) EXPECT_NEAR(pixel[c], row.rgb[p][c], 2) << p << " " << c;
     }
   }
-  // A progressive file and a file cut short are refused, not misread.
+  // Components in scans of their own, 17 pixels wide: column 16 has its own colour blocks
+  // (tests/golden/make-jpegs.py), with Y 128, Cb 190 and Cr 128.
   jpeg::Image image;
+  ASSERT_TRUE(Decode(Bytes(golden + "/odd-width-scans.jpg"), image));
+  const int odd[] = {128, 107, 238};
+  for (int c = 0; c < 3; ++c) EXPECT_NEAR(image.rgb[16 * 3 + c], odd[c], 2) << c;
+  // A progressive file, a file cut short and a DC value beyond any 8-bit picture are refused.
   EXPECT_FALSE(Decode(Bytes(golden + "/logo-progressive.jpg"), image));
   EXPECT_FALSE(Decode(Bytes(KELVARNITE_DATA_DIR "/logo.jpg").substr(0, 3000), image));
+  EXPECT_FALSE(Decode(Bytes(golden + "/dc-overflow.jpg"), image));
 }
 
 }  // namespace
