@@ -15,8 +15,6 @@
 namespace win32 {
 namespace {
 
-HINSTANCE Instance() { return ::GetModuleHandleA(nullptr); }
-
 // A JPEG through the program's own decoder, as a bitmap of 24 bits a pixel.
 HANDLE JpegBitmap(const std::uint8_t* bytes, DWORD size) {
   jpeg::Image image;

@@ -85,7 +85,8 @@ FileDialogResult ShowOpenFileDialog(const std::string& filter) {
       win32::LateBound<decltype(&::CommDlgExtendedError)>("comdlg32.dll", "CommDlgExtendedError");
   FileDialogResult result;
   if (getOpenFileName == nullptr || extendedError == nullptr) {
-    result.errorNumber = static_cast<int>(::GetLastError());
+    // Told by a number of its own: the system's last error is long gone after the first call.
+    result.errorNumber = ERROR_MOD_NOT_FOUND;
     return result;
   }
   OtherWindowsDisabled guard(dialog.hwndOwner);

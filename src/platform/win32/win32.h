@@ -17,6 +17,8 @@ namespace win32 {
 
 inline HWND ToHwnd(std::uintptr_t handle) { return reinterpret_cast<HWND>(handle); }
 inline std::uintptr_t FromHwnd(HWND hwnd) { return reinterpret_cast<std::uintptr_t>(hwnd); }
+// The program's own module, which holds its resources.
+inline HINSTANCE Instance() { return ::GetModuleHandleA(nullptr); }
 
 // A function of a system library that is loaded at its first use rather than at the start of
 // the program: null when the library or the function is not there.

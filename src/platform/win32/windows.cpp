@@ -14,7 +14,7 @@ namespace {
 
 constexpr char kClassName[] = "KelvarniteForm";
 // Menu entries and controls get command ids of their own ranges. Both stay clear of IDOK and
-// IDCANCEL, which the dialog manager sends for Enter and Esc: no button stands for those keys.
+// IDCANCEL, which the dialog manager sends for Enter and Esc and FormProc hands to the window.
 constexpr int kFirstMenuId = 100;
 constexpr int kFirstControlId = 1000;
 // Rows the drop-down list of a combo box shows before it scrolls.
@@ -25,6 +25,7 @@ struct NativeWindow {
   HWND lastFocus = nullptr;  // restored when the window is activated again
   HWND toolTip = nullptr;    // the tool tips of its controls
   std::vector<win32::Picture> pictures;  // shown by its picture boxes, freed with it
+  std::map<HWND, std::string> tips;      // the text each control's tool tip shows
 };
 
 struct WindowStyle {
@@ -59,8 +60,6 @@ class UpdateScope {
   bool previous_;
 };
 
-HINSTANCE Instance() { return ::GetModuleHandleA(nullptr); }
-
 std::string WindowText(HWND hwnd) {
   int length = ::GetWindowTextLengthA(hwnd);
   if (length <= 0) return std::string();
@@ -69,15 +68,14 @@ std::string WindowText(HWND hwnd) {
   return std::string(buffer.data(), static_cast<std::size_t>(copied > 0 ? copied : 0));
 }
 
+// A colour of the forms (0xRRGGBB) as the system's.
+COLORREF ColorRefOf(std::int32_t c) { return RGB((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF); }
+
 // Dots per inch of a window: its own where the system knows it per window (Windows 10),
 // else the screen's.
 int DpiOf(HWND hwnd) {
-  using GetDpiForWindowFn = UINT(WINAPI*)(HWND);
-  static const GetDpiForWindowFn getDpiForWindow = [] {
-    HMODULE user = ::GetModuleHandleA("user32.dll");
-    FARPROC proc = user != nullptr ? ::GetProcAddress(user, "GetDpiForWindow") : nullptr;
-    return reinterpret_cast<GetDpiForWindowFn>(reinterpret_cast<void (*)()>(proc));
-  }();
+  static const auto getDpiForWindow =
+      win32::LateBound<UINT(WINAPI*)(HWND)>("user32.dll", "GetDpiForWindow");
   if (hwnd != nullptr && getDpiForWindow != nullptr) {
     UINT dpi = getDpiForWindow(hwnd);
     if (dpi != 0) return static_cast<int>(dpi);
@@ -117,10 +115,10 @@ void RegisterFormClass() {
   WNDCLASSEXA windowClass{};
   windowClass.cbSize = sizeof(windowClass);
   windowClass.lpfnWndProc = FormProc;
-  windowClass.hInstance = Instance();
-  windowClass.hIcon = ::LoadIconA(Instance(), MAKEINTRESOURCEA(1));
+  windowClass.hInstance = win32::Instance();
+  windowClass.hIcon = ::LoadIconA(win32::Instance(), MAKEINTRESOURCEA(1));
   windowClass.hIconSm = static_cast<HICON>(
-      ::LoadImageA(Instance(), MAKEINTRESOURCEA(1), IMAGE_ICON, ::GetSystemMetrics(SM_CXSMICON),
+      ::LoadImageA(win32::Instance(), MAKEINTRESOURCEA(1), IMAGE_ICON, ::GetSystemMetrics(SM_CXSMICON),
                    ::GetSystemMetrics(SM_CYSMICON), LR_DEFAULTCOLOR));
   windowClass.hCursor = ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // the arrow
   windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
@@ -278,7 +276,7 @@ void CreateControl(HWND parent, const std::vector<std::unique_ptr<forms::Control
       native.exStyle, native.name, caption.c_str(), style, Pixels(left, dpi), Pixels(top, dpi),
       Pixels(control.Width(), dpi), Pixels(control.Height(), dpi), parent,
       reinterpret_cast<HMENU>(static_cast<INT_PTR>(kFirstControlId + static_cast<int>(i))),
-      Instance(), nullptr);
+      win32::Instance(), nullptr);
   if (hwnd == nullptr) return;
   ::SendMessageA(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(ControlFont(control.Flags(), dpi)),
                  FALSE);
@@ -334,10 +332,14 @@ void MirrorOptionButtons(const forms::Window& window) {
   }
 }
 
-// The control's tool tip, in the tool tips of its window: added, changed or taken away.
+// The control's tool tip, in the tool tips of its window: added, changed or taken away. A
+// control is updated at every change of its state, its tip only when its text changes.
 void UpdateToolTip(HWND hwnd, const forms::Control& control) {
   auto found = Windows().find(::GetAncestor(hwnd, GA_ROOT));
   if (found == Windows().end() || found->second.toolTip == nullptr) return;
+  auto shown = found->second.tips.find(hwnd);
+  if (shown != found->second.tips.end() && shown->second == control.ToolTipText()) return;
+  found->second.tips[hwnd] = control.ToolTipText();
   TOOLINFOA tool{};
   // The size that every version of the common controls knows.
   tool.cbSize = TTTOOLINFOA_V2_SIZE;
@@ -364,7 +366,7 @@ void AddToolTips(HWND hwnd, forms::Window& window) {
   native.toolTip = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
                                      WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT,
                                      CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, hwnd, nullptr,
-                                     Instance(), nullptr);
+                                     win32::Instance(), nullptr);
   for (const auto& control : window.Controls()) {
     if (control->peer != 0) UpdateToolTip(win32::ToHwnd(control->peer), *control);
   }
@@ -428,8 +430,7 @@ void PaintLines(HWND hwnd, const forms::Window& window) {
     if (control->Type() != forms::ControlType::Line) continue;
     const std::int32_t c = control->ForeColor() == forms::kSystemColor ? 0 : control->ForeColor();
     // Drawn inside its width, as a frame is, so that a wide line grows downwards.
-    HPEN pen = ::CreatePen(PS_INSIDEFRAME, control->BorderWidth(),
-                           RGB((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF));
+    HPEN pen = ::CreatePen(PS_INSIDEFRAME, control->BorderWidth(), ColorRefOf(c));
     HGDIOBJ old = ::SelectObject(dc, pen);
     ::MoveToEx(dc, Pixels(control->Left(), dpi), Pixels(control->Top(), dpi), nullptr);
     ::LineTo(dc, Pixels(control->Left() + control->Width(), dpi),
@@ -452,7 +453,7 @@ LRESULT LabelColors(forms::Window& window, HDC dc, HWND label) {
   forms::Control* control = ControlOfWindow(window, label);
   if (control == nullptr || control->ForeColor() == forms::kSystemColor) return 0;
   const std::int32_t c = control->ForeColor();
-  ::SetTextColor(dc, RGB((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF));
+  ::SetTextColor(dc, ColorRefOf(c));
   ::SetBkColor(dc, ::GetSysColor(COLOR_BTNFACE));
   return reinterpret_cast<LRESULT>(::GetSysColorBrush(COLOR_BTNFACE));
 }
@@ -528,7 +529,7 @@ WindowHandle CreateNativeWindow(forms::Window& window) {
                                Pixels(args.clientHeight, screenDpi));
   HWND hwnd = ::CreateWindowExA(style.exStyle, kClassName, window.Caption().c_str(), style.style,
                                 CW_USEDEFAULT, CW_USEDEFAULT, frame.cx, frame.cy, nullptr, menu,
-                                Instance(), nullptr);
+                                win32::Instance(), nullptr);
   if (hwnd == nullptr) return 0;
   Windows()[hwnd].window = &window;
   int dpi = DpiOf(hwnd);
