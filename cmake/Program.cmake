@@ -6,6 +6,21 @@ if(NOT KELVARNITE_TARGET)
 endif()
 set(KELVARNITE_OUT ${CMAKE_SOURCE_DIR}/out/${KELVARNITE_TARGET})
 
+# A target that copies files, named relative to <from>, to <to>, and makes the FOLDERS, which
+# exist even while no file goes into them.
+function(kelvarnite_copy_files target from to)
+  cmake_parse_arguments(ARG "" "" "FILES;FOLDERS" ${ARGN})
+  set(outputs)
+  foreach(file IN LISTS ARG_FILES)
+    add_custom_command(OUTPUT ${to}/${file}
+      COMMAND ${CMAKE_COMMAND} -E copy ${from}/${file} ${to}/${file}
+      DEPENDS ${from}/${file} COMMENT "Copying ${file} to ${to}" VERBATIM)
+    list(APPEND outputs ${to}/${file})
+  endforeach()
+  add_custom_target(${target} ALL COMMAND ${CMAKE_COMMAND} -E make_directory ${ARG_FOLDERS}
+    DEPENDS ${outputs} VERBATIM)
+endfunction()
+
 enable_language(RC)
 
 add_executable(KelvarniteUT2k3Benchmark WIN32
@@ -29,20 +44,8 @@ file(GLOB_RECURSE KELVARNITE_SIDE_FILES CONFIGURE_DEPENDS
   ${CMAKE_SOURCE_DIR}/data/INI/D3D/*
   ${CMAKE_SOURCE_DIR}/data/INI/OGL/*
   ${CMAKE_SOURCE_DIR}/data/help.html)
-set(KELVARNITE_SIDE_OUTPUTS)
-foreach(side_file IN LISTS KELVARNITE_SIDE_FILES)
-  add_custom_command(
-    OUTPUT ${KELVARNITE_OUT}/${side_file}
-    COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/data/${side_file} ${KELVARNITE_OUT}/${side_file}
-    DEPENDS ${CMAKE_SOURCE_DIR}/data/${side_file}
-    COMMENT "Copying ${side_file} to the program folder"
-    VERBATIM)
-  list(APPEND KELVARNITE_SIDE_OUTPUTS ${KELVARNITE_OUT}/${side_file})
-endforeach()
-add_custom_target(kelvarnite_program_folder ALL
-  COMMAND ${CMAKE_COMMAND} -E make_directory ${KELVARNITE_OUT}/INI/D3D ${KELVARNITE_OUT}/INI/OGL
-  DEPENDS ${KELVARNITE_SIDE_OUTPUTS}
-  VERBATIM)
+kelvarnite_copy_files(kelvarnite_program_folder ${CMAKE_SOURCE_DIR}/data ${KELVARNITE_OUT}
+  FILES ${KELVARNITE_SIDE_FILES} FOLDERS ${KELVARNITE_OUT}/INI/D3D ${KELVARNITE_OUT}/INI/OGL)
 add_dependencies(kelvarnite_program_folder KelvarniteUT2k3Benchmark)
 
 # The check of the real registry layer, run under Wine by tests/wine/run-registry-check.sh.

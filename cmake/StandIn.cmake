@@ -7,10 +7,7 @@ add_library(kelvarnite_standin STATIC ${STANDIN_SOURCES})
 target_include_directories(kelvarnite_standin PUBLIC ${CMAKE_SOURCE_DIR}/src)
 
 if(WIN32)
-  if(NOT KELVARNITE_TARGET)
-    message(FATAL_ERROR "KELVARNITE_TARGET is not set: configure with one of the mingw presets")
-  endif()
-  set(STANDIN_OUT ${CMAKE_SOURCE_DIR}/out/${KELVARNITE_TARGET}-game)
+  set(STANDIN_OUT ${KELVARNITE_OUT}-game)
 
   add_executable(ut2003 WIN32 src/standin/win32/main.cpp)
   target_link_libraries(ut2003 PRIVATE kelvarnite_standin)
@@ -20,19 +17,7 @@ if(WIN32)
   # The side files of the game folder, and its Benchmark folder where the logs go.
   file(GLOB_RECURSE STANDIN_GAME_FILES CONFIGURE_DEPENDS
     RELATIVE ${CMAKE_SOURCE_DIR}/src/standin/game ${CMAKE_SOURCE_DIR}/src/standin/game/*)
-  set(STANDIN_GAME_OUTPUTS)
-  foreach(game_file IN LISTS STANDIN_GAME_FILES)
-    add_custom_command(
-      OUTPUT ${STANDIN_OUT}/${game_file}
-      COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/src/standin/game/${game_file} ${STANDIN_OUT}/${game_file}
-      DEPENDS ${CMAKE_SOURCE_DIR}/src/standin/game/${game_file}
-      COMMENT "Copying ${game_file} to the stand-in game folder"
-      VERBATIM)
-    list(APPEND STANDIN_GAME_OUTPUTS ${STANDIN_OUT}/${game_file})
-  endforeach()
-  add_custom_target(standin_game_folder ALL
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${STANDIN_OUT}/Benchmark
-    DEPENDS ${STANDIN_GAME_OUTPUTS}
-    VERBATIM)
+  kelvarnite_copy_files(standin_game_folder ${CMAKE_SOURCE_DIR}/src/standin/game ${STANDIN_OUT}
+    FILES ${STANDIN_GAME_FILES} FOLDERS ${STANDIN_OUT}/Benchmark)
   add_dependencies(standin_game_folder ut2003)
 endif()

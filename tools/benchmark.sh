@@ -40,12 +40,11 @@ cleanup() {
 trap cleanup EXIT
 
 echo "== Building (mingw-i686, mingw-x86_64, benchmark)"
-for preset in mingw-i686 mingw-x86_64 benchmark; do
-  if ! { cmake --preset "$preset" && cmake --build --preset "$preset"; } >"$work/build.log" 2>&1; then
-    cat "$work/build.log" >&2
-    exit 1
-  fi
-done
+if ! { tools/build-windows.sh && cmake --preset benchmark && cmake --build --preset benchmark; } \
+    >"$work/build.log" 2>&1; then
+  cat "$work/build.log" >&2
+  exit 1
+fi
 
 # Builds done, the measuring starts: ahead of other work on the machine where that is allowed,
 # since another job's load moves a start under Wine by half its time and more. A real-time

@@ -18,7 +18,7 @@ if [[ ${1:-} == --headless || -z ${DISPLAY:-} ]]; then headless=1; fi
 
 tools/install-deps.sh
 echo "== Building"
-tools/build-windows.sh >/dev/null
+tools/build-windows.sh mingw-x86_64 >/dev/null
 
 source tools/wine-lib.sh
 out=out/mingw-x86_64
@@ -33,7 +33,7 @@ if [[ $headless -eq 0 ]]; then
   exit 0
 fi
 
-trap 'wineserver -k 2>/dev/null || true; stop_xvfb' EXIT
+trap 'WINEPREFIX=$demo/prefix wineserver -k 2>/dev/null || true; stop_xvfb' EXIT
 start_xvfb
 make_prefix "$demo/prefix" "$out" --driver build/mingw-x86_64/tests/e2e --desktop
 rm -f "$demo/main-window.bmp" "$demo/main-window.png"

@@ -79,7 +79,7 @@ make_prefix() {
       mkdir -p "$(drive_c "$DRIVER_FOLDER")"
       cp "$driver/driver.exe" "$driver/opener.exe" "$(drive_c "$DRIVER_FOLDER")"
       printf '[HKEY_CLASSES_ROOT\\.html]\n@="KelvarniteDriver.html"\n\n'
-      local opener
+      local opener class
       opener=$(reg_text "$DRIVER_FOLDER\opener.exe")
       for class in KelvarniteDriver.html http; do
         printf '[HKEY_CLASSES_ROOT\\%s\\shell\\open\\command]\n' "$class"

@@ -26,10 +26,10 @@ Fault ParseFault(const std::string& text) {
     if (EqualsNoCase(words[0], k.name)) fault.kind = k.kind;
   }
   std::size_t next = 1;
-  if (fault.kind == FaultKind::Hang &&
-      (words.size() < 2 || !ParseFixed(words[1], 0, fault.hangSeconds)))
-    return {};
-  if (fault.kind == FaultKind::Hang) next = 2;
+  if (fault.kind == FaultKind::Hang) {
+    if (words.size() < 2 || !ParseFixed(words[1], 0, fault.hangSeconds)) return {};
+    next = 2;
+  }
   if (words.size() > next + 1) return {};
   if (words.size() == next + 1) fault.level = Unquote(words[next]);
   return fault;
