@@ -10,6 +10,7 @@
 // KELVARNITE_E2E_GOLDEN is the folder of the expected files; with KELVARNITE_E2E_UPDATE=1 the
 // files found are written there instead. Where KELVARNITE_E2E_SHOTS names a folder, the
 // scenarios leave pictures of the windows in it.
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <cstdlib>
@@ -88,11 +89,10 @@ void ExpectFile(const std::string& path, const std::string& expectedName) {
   if (!expected) Fail("no expected file " + expectedName);
   if (actual == *expected) return;
   const auto want = Lines(*expected), got = Lines(actual);
-  std::size_t line = 0;
-  while (line < want.size() && line < got.size() && want[line] == got[line]) ++line;
-  Fail(path + " differs from " + expectedName + " at line " + std::to_string(line + 1) +
-       ":\n  expected: " + (line < want.size() ? want[line] : "<end>") +
-       "\n  actual:   " + (line < got.size() ? got[line] : "<end>"));
+  const auto [w, g] = std::mismatch(want.begin(), want.end(), got.begin(), got.end());
+  Fail(path + " differs from " + expectedName + " at line " + std::to_string(w - want.begin() + 1) +
+       ":\n  expected: " + (w != want.end() ? *w : "<end>") +
+       "\n  actual:   " + (g != got.end() ? *g : "<end>"));
 }
 
 // The recording opener stands in for the browser and the system information tool, one line
@@ -269,70 +269,58 @@ void SetFolder(DWORD type, const std::string& data) {
 std::vector<Scenario> FaultMatrix() {
   const std::string log = kFullGame + "\\Benchmark\\lowframerate.log";
   const std::string results = kProgramFolder + "results.html";
-  const std::string oldRecords = "DM-Old\r\n1.000000 / 2.000000 / 3.000000 fps\r\nScore = 2.0\r\n\r\n";
-  const Box notFound{kTitle, NotFound(kFullGame, "640x480"), true};
-  auto emptied = [&](const std::string& path, const char* reason) {
-    return Box{kTitle, path + " cannot be emptied: " + reason + ".", true};
+  auto emptied = [](const std::string& path, const char* reason) {
+    return std::vector<Box>{{kTitle, path + " cannot be emptied: " + reason + ".", true}};
   };
-  const Box unwritable{kTitle, results + " cannot be written: Permission denied.", true};
+  const auto noBenchmark = emptied(kFullGame + "\\Benchmark\\benchmark.log", "Path not found");
+  const auto readOnlyLog = emptied(log, "Permission denied");
+  const auto numberFolder = emptied("200\\Benchmark\\benchmark.log", "Path not found");
+  const std::vector<Box> unwritable{{kTitle, results + " cannot be written: Permission denied.", true}};
+  const std::vector<Box> noProgram{{kTitle, NotFound("", "640x480"), true}};
   using Files = std::vector<std::pair<std::string, std::string>>;
   const Files report{{results, ".html"}, {StartsOf(kFullGame), ".starts"}};
-  auto row = [](std::string name, Outcome outcome) {
-    return Scenario{name, kFull, [outcome](const Scenario& s) { UnderFault(s, outcome); }};
+  const Files reportOnly{{results, ".html"}};
+  auto row = [](std::string name, Outcome outcome, std::string fault = "",
+                std::function<void()> prepare = nullptr, std::vector<std::string> host = {},
+                std::string folder = kProgramFolder) {
+    return Scenario{name, kFull, [outcome](const Scenario& s) { UnderFault(s, outcome); },
+                    fault, prepare, host, folder};
   };
-  std::vector<Scenario> rows = {
-      row("benchmark-folder-missing",
-          {{emptied(kFullGame + "\\Benchmark\\benchmark.log", "Path not found")},
-           {emptied(kFullGame + "\\Benchmark\\benchmark.log", "Path not found")}, false, report}),
-      row("log-read-only", {{emptied(log, "Permission denied")}, {emptied(log, "Permission denied")},
-                            false, {{log, ".log"}, {results, ".html"}}}),
-      row("report-read-only", {{}, {unwritable}, false, report}),
-      row("program-folder-read-only", {{}, {unwritable}, false, report}),
-      row("game-missing", {{}, {notFound}, true, report}),
-      row("game-not-a-program", {{}, {{kTitle, "5 : Not a valid Windows program", false}}, true, report}),
-      row("game-crashes", {{}, {}, true, report}),
-      row("game-hangs", {{}, {}, true, report}),
-      row("rate-inf", {{}, {}, true, report}),
-      row("rate-of-40-characters", {{}, {}, true, report}),
-      row("folder-empty-string", {{}, {{kTitle, NotFound("", "640x480"), true}}, true, {{results, ".html"}}}),
+  return {
+      row("benchmark-folder-missing", {noBenchmark, noBenchmark, false, report}, "", [] {
+        ::MoveFileW(ui::Wide(kFullGame + "\\Benchmark").c_str(),
+                    ui::Wide(kFullGame + "\\Elsewhere").c_str());
+      }),
+      row("log-read-only", {readOnlyLog, readOnlyLog, false, {{log, ".log"}, {results, ".html"}}}, "",
+          [log] { WriteBytes(log, "DM-Old\r\n1.000000 / 2.000000 / 3.000000 fps\r\nScore = 2.0\r\n\r\n"); },
+          {"immutable\t" + log}),
+      row("report-read-only", {{}, unwritable, false, report}, "",
+          [results] { WriteBytes(results, "earlier report"); }, {"immutable\t" + results}),
+      row("program-folder-read-only", {{}, unwritable, false, report}, "", nullptr,
+          {"immutable\t" + kProgramFolder.substr(0, kProgramFolder.size() - 1)}),
+      row("game-missing", {{}, {{kTitle, NotFound(kFullGame, "640x480"), true}}, true, report}, "",
+          [] { ::DeleteFileW(ui::Wide(kFullGame + "\\System\\ut2003.exe").c_str()); }),
+      row("game-not-a-program",
+          {{}, {{kTitle, "5 : Not a valid Windows program", false}}, true, report}, "",
+          [] { WriteBytes(kFullGame + "\\System\\ut2003.exe", "This is not a program.\r\n"); }),
+      row("game-crashes", {{}, {}, true, report}, "crash"),
+      row("game-hangs", {{}, {}, true, report}, "hang 3"),
+      row("rate-inf", {{}, {}, true, report}, "inf"),
+      row("rate-of-40-characters", {{}, {}, true, report}, "long-rate"),
+      row("folder-empty-string", {{}, noProgram, true, reportOnly}, "",
+          [] { SetFolder(REG_SZ, std::string(1, '\0')); }),
       row("folder-expand-string",
           {{{"Install UT2003", "Please install UT2003[full version] or UT2003[demo]", false}},
-           {{kTitle, NotFound("", "640x480"), true}}, true, {{results, ".html"}}}),
-      row("folder-number", {{emptied("200\\Benchmark\\benchmark.log", "Path not found")},
-                            {emptied("200\\Benchmark\\benchmark.log", "Path not found")}, false,
-                            {{results, ".html"}}}),
-      row("folder-trailing-backslash", {{}, {}, true, report}),
-      row("program-at-drive-root", {{}, {}, true, {{"D:\\results.html", ".html"}, {StartsOf(kFullGame), ".starts"}}}),
+           noProgram, true, reportOnly},
+          "", [] { SetFolder(REG_EXPAND_SZ, kFullGame + '\0'); }),
+      row("folder-number", {numberFolder, numberFolder, false, reportOnly}, "",
+          [] { SetFolder(REG_DWORD, std::string("\xD3\x07\0\0", 4)); }),  // 2003
+      row("folder-trailing-backslash", {{}, {}, true, report}, "",
+          [] { SetFolder(REG_SZ, kFullGame + "\\" + '\0'); }),
+      row("program-at-drive-root",
+          {{}, {}, true, {{"D:\\results.html", ".html"}, {StartsOf(kFullGame), ".starts"}}}, "", nullptr,
+          {"copy\t" + kProgramFolder + "\tC:\\Root", "drive\td:\tC:\\Root"}, "D:\\"),
   };
-  auto at = [&](const char* name) -> Scenario& {
-    for (Scenario& s : rows) {
-      if (s.name == name) return s;
-    }
-    Fail(std::string("no row ") + name);
-  };
-  at("benchmark-folder-missing").prepare = [] {
-    ::MoveFileW(ui::Wide(kFullGame + "\\Benchmark").c_str(), ui::Wide(kFullGame + "\\Elsewhere").c_str());
-  };
-  at("log-read-only").prepare = [log, oldRecords] { WriteBytes(log, oldRecords); };
-  at("log-read-only").host = {"immutable\t" + log};
-  at("report-read-only").prepare = [results] { WriteBytes(results, "earlier report"); };
-  at("report-read-only").host = {"immutable\t" + results};
-  at("program-folder-read-only").host = {"immutable\t" + kProgramFolder.substr(0, kProgramFolder.size() - 1)};
-  at("game-missing").prepare = [] { ::DeleteFileW(ui::Wide(kFullGame + "\\System\\ut2003.exe").c_str()); };
-  at("game-not-a-program").prepare = [] {
-    WriteBytes(kFullGame + "\\System\\ut2003.exe", "This is not a program.\r\n");
-  };
-  at("game-crashes").fault = "crash";
-  at("game-hangs").fault = "hang 3";
-  at("rate-inf").fault = "inf";
-  at("rate-of-40-characters").fault = "long-rate";
-  at("folder-empty-string").prepare = [] { SetFolder(REG_SZ, std::string(1, '\0')); };
-  at("folder-expand-string").prepare = [] { SetFolder(REG_EXPAND_SZ, kFullGame + '\0'); };
-  at("folder-number").prepare = [] { SetFolder(REG_DWORD, std::string("\xD3\x07\0\0", 4)); };  // 2003
-  at("folder-trailing-backslash").prepare = [] { SetFolder(REG_SZ, kFullGame + "\\" + '\0'); };
-  at("program-at-drive-root").host = {"copy\t" + kProgramFolder + "\tC:\\Root", "drive\td:\tC:\\Root"};
-  at("program-at-drive-root").folder = "D:\\";
-  return rows;
 }
 
 const std::vector<Scenario>& Scenarios() {

@@ -29,12 +29,14 @@ BOOL CALLBACK Collect(HWND window, LPARAM list) {
   return TRUE;
 }
 
-// Every window that an enumeration of the system gives.
-template <class Enumerate>
-std::vector<HWND> Collected(Enumerate enumerate) {
-  std::vector<HWND> windows;
-  enumerate(Collect, reinterpret_cast<LPARAM>(&windows));
-  return windows;
+// The first child window, at any depth, that passes the test.
+HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test) {
+  std::vector<HWND> children;
+  ::EnumChildWindows(parent, Collect, reinterpret_cast<LPARAM>(&children));
+  for (HWND child : children) {
+    if (test(child)) return child;
+  }
+  return nullptr;
 }
 
 }  // namespace
@@ -85,7 +87,9 @@ void AwaitProgramEnd() {
 }
 
 HWND FindTop(const wchar_t* windowClass, const std::string& title) {
-  for (HWND window : Collected(::EnumWindows)) {
+  std::vector<HWND> windows;
+  ::EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
+  for (HWND window : windows) {
     if (OfProgram(window) && ::IsWindowVisible(window) && ClassOf(window) == windowClass &&
         (title.empty() || TextOf(window) == title)) {
       return window;
@@ -99,20 +103,13 @@ HWND AwaitTop(const wchar_t* windowClass, const std::string& title) {
 }
 
 HWND FindChild(HWND parent, const std::string& text) {
-  for (HWND child = ::GetWindow(parent, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
-    if (TextOf(child) == text) return child;
-  }
-  return nullptr;
+  return FindChildWhere(parent, [&](HWND child) { return TextOf(child) == text; });
 }
 
 HWND FindChild(HWND parent, const wchar_t* windowClass, int id) {
-  auto children = [parent](WNDENUMPROC collect, LPARAM list) {
-    return ::EnumChildWindows(parent, collect, list);
-  };
-  for (HWND child : Collected(children)) {
-    if ((id == -1 || ::GetDlgCtrlID(child) == id) && ClassOf(child) == windowClass) return child;
-  }
-  return nullptr;
+  return FindChildWhere(parent, [&](HWND child) {
+    return (id == -1 || ::GetDlgCtrlID(child) == id) && ClassOf(child) == windowClass;
+  });
 }
 
 std::string TextOf(HWND window) {
@@ -155,19 +152,18 @@ void ClickWithMouse(HWND control) {
 
 void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled) {
   HWND control = AwaitControl(window, caption);
-  bool isChecked = false, isEnabled = false;
+  auto describe = [](bool c, bool e) {
+    return std::string(c ? "checked" : "unchecked") + (e ? " and enabled" : " and disabled");
+  };
+  std::string seen;
   try {
     AwaitTrue("a state", [&] {
-      isChecked = ::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
-      isEnabled = ::IsWindowEnabled(control) != 0;
-      return isChecked == checked && isEnabled == enabled;
+      seen = describe(::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED,
+                      ::IsWindowEnabled(control) != 0);
+      return seen == describe(checked, enabled);
     }, 5);
   } catch (const Failure&) {
-    auto describe = [](bool c, bool e) {
-      return std::string(c ? "checked" : "unchecked") + (e ? " and enabled" : " and disabled");
-    };
-    Fail("\"" + caption + "\" is " + describe(isChecked, isEnabled) + ", expected " +
-         describe(checked, enabled));
+    Fail("\"" + caption + "\" is " + seen + ", expected " + describe(checked, enabled));
   }
 }
 

@@ -33,7 +33,7 @@ void AwaitProgramEnd();
 // A visible top-level window of the program by class and title; an empty title matches any.
 HWND FindTop(const wchar_t* windowClass, const std::string& title);
 HWND AwaitTop(const wchar_t* windowClass, const std::string& title);
-// A child window by its text, or by its class and id (-1: any id).
+// A child window, at any depth, by its text, or by its class and id (-1: any id).
 HWND FindChild(HWND parent, const std::string& text);
 HWND FindChild(HWND parent, const wchar_t* windowClass, int id);
 std::string TextOf(HWND window);
