@@ -104,7 +104,7 @@ class Decoder {
     height_ = Word();
     width_ = Word();
     count_ = Byte();
-    if (width_ <= 0 || height_ <= 0 || width_ > 16384 || height_ > 16384 ||
+    if (width_ <= 0 || height_ <= 0 || width_ > 4096 || height_ > 4096 ||
         (count_ != 1 && count_ != 3) || length != 6 + 3 * count_) {
       return false;
     }

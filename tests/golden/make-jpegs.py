@@ -5,6 +5,7 @@ odd-width-scans.jpg: 17x16, 4:2:0, each component in a scan of its own. Y is 128
 Cr 128, and Cb 128 in its first block and 190 in its second, which alone covers column 16.
 dc-overflow.jpg: 136x8 grey, each block's DC difference +2047, so that the running DC value
 leaves the range of any 8-bit picture at the seventeenth block.
+wide.jpg: 4097x8 grey and flat, a pixel wider than the decoder takes.
 """
 import os
 import struct
@@ -42,6 +43,8 @@ odd = picture(16, 17, 16, [3, 1, 0x22, 0, 2, 0x11, 0, 3, 0x11, 0], [0, 5],
               [(1, '00' * 6), (2, '00' + '10' + '11111' + '0'), (3, '00' * 2)])
 # DC code "0": a difference of size 11; eleven ones are +2047.
 over = picture(255, 136, 8, [1, 1, 0x11, 0], [11], [(1, ('0' + '1' * 11 + '0') * 17)])
-for name, data in (('odd-width-scans.jpg', odd), ('dc-overflow.jpg', over)):
+# 513 blocks, each "0" (DC difference 0) and "0" (end of block).
+wide = picture(16, 4097, 8, [1, 1, 0x11, 0], [0], [(1, '00' * 513)])
+for name, data in (('odd-width-scans.jpg', odd), ('dc-overflow.jpg', over), ('wide.jpg', wide)):
     with open(os.path.join(here, name), 'wb') as f:
         f.write(data)

@@ -51,10 +51,12 @@ TEST(Jpeg, DecodesTheKindsOfBaselineFile) {
   ASSERT_TRUE(Decode(Bytes(golden + "/odd-width-scans.jpg"), image));
   const int odd[] = {128, 107, 238};
   for (int c = 0; c < 3; ++c) EXPECT_NEAR(image.rgb[16 * 3 + c], odd[c], 2) << c;
-  // A progressive file, a file cut short and a DC value beyond any 8-bit picture are refused.
+  // A progressive file, a file cut short, a DC value beyond any 8-bit picture and a frame over
+  // 4096 pixels a side are refused.
   EXPECT_FALSE(Decode(Bytes(golden + "/logo-progressive.jpg"), image));
   EXPECT_FALSE(Decode(Bytes(KELVARNITE_DATA_DIR "/logo.jpg").substr(0, 3000), image));
   EXPECT_FALSE(Decode(Bytes(golden + "/dc-overflow.jpg"), image));
+  EXPECT_FALSE(Decode(Bytes(golden + "/wide.jpg"), image));
 }
 
 }  // namespace
