@@ -1,0 +1,27 @@
+# The page that compares reports: its three sources under src/compare/ assembled into one
+# self-contained compare.html in the build folder, which the program folder and the release
+# package carry beside help.html. It needs nothing but CMake, so every build makes it.
+#
+# Sets KELVARNITE_COMPARE_PAGE to the assembled file for the includer.
+set(KELVARNITE_COMPARE_PAGE ${PROJECT_BINARY_DIR}/compare.html)
+
+include_guard(GLOBAL)
+
+# Found from this file, so that the page builds whichever project includes it.
+get_filename_component(_kelvarnite_compare_dir ${CMAKE_CURRENT_LIST_DIR}/../src/compare ABSOLUTE)
+set(_kelvarnite_compare_sources
+  ${_kelvarnite_compare_dir}/compare.html
+  ${_kelvarnite_compare_dir}/compare.css
+  ${_kelvarnite_compare_dir}/compare.js)
+add_custom_command(
+  OUTPUT ${KELVARNITE_COMPARE_PAGE}
+  COMMAND ${CMAKE_COMMAND}
+    -DPAGE=${_kelvarnite_compare_dir}/compare.html
+    -DCSS=${_kelvarnite_compare_dir}/compare.css
+    -DJS=${_kelvarnite_compare_dir}/compare.js
+    -DOUT=${KELVARNITE_COMPARE_PAGE}
+    -P ${CMAKE_CURRENT_LIST_DIR}/InlinePage.cmake
+  DEPENDS ${_kelvarnite_compare_sources} ${CMAKE_CURRENT_LIST_DIR}/InlinePage.cmake
+  COMMENT "Assembling compare.html"
+  VERBATIM)
+add_custom_target(kelvarnite_compare_page ALL DEPENDS ${KELVARNITE_COMPARE_PAGE})
