@@ -1,23 +1,30 @@
 # The stand-in game: a small Windows program that meets the game's contract, so that a whole
 # benchmark runs without the game. Its portable part is a library for the unit tests; the
-# Windows builds add the exe and a complete game folder, out/<target>-game/.
+# Windows builds add the exe and a complete game folder, game/ in the build folder.
 
-file(GLOB STANDIN_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/standin/*.cpp)
+file(GLOB STANDIN_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/standin/*.cpp)
 add_library(kelvarnite_standin STATIC ${STANDIN_SOURCES})
-target_include_directories(kelvarnite_standin PUBLIC ${CMAKE_SOURCE_DIR}/src)
+target_include_directories(kelvarnite_standin PUBLIC ${PROJECT_SOURCE_DIR}/src)
 
 if(WIN32)
-  set(STANDIN_OUT ${KELVARNITE_OUT}-game)
+  set(STANDIN_OUT ${PROJECT_BINARY_DIR}/game)
 
-  add_executable(ut2003 WIN32 src/standin/win32/main.cpp)
+  add_executable(ut2003 WIN32 ${PROJECT_SOURCE_DIR}/src/standin/win32/main.cpp)
   target_link_libraries(ut2003 PRIVATE kelvarnite_standin)
   target_link_options(ut2003 PRIVATE -mwindows -static)
   set_target_properties(ut2003 PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${STANDIN_OUT}/System)
 
   # The side files of the game folder, and its Benchmark folder where the logs go.
-  file(GLOB_RECURSE STANDIN_GAME_FILES CONFIGURE_DEPENDS
-    RELATIVE ${CMAKE_SOURCE_DIR}/src/standin/game ${CMAKE_SOURCE_DIR}/src/standin/game/*)
-  kelvarnite_copy_files(standin_game_folder ${CMAKE_SOURCE_DIR}/src/standin/game ${STANDIN_OUT}
-    FILES ${STANDIN_GAME_FILES} FOLDERS ${STANDIN_OUT}/Benchmark)
+  set(standin_files ${PROJECT_SOURCE_DIR}/src/standin/game)
+  file(GLOB_RECURSE STANDIN_GAME_FILES CONFIGURE_DEPENDS RELATIVE ${standin_files} ${standin_files}/*)
+  set(outputs)
+  foreach(file IN LISTS STANDIN_GAME_FILES)
+    add_custom_command(OUTPUT ${STANDIN_OUT}/${file}
+      COMMAND ${CMAKE_COMMAND} -E copy ${standin_files}/${file} ${STANDIN_OUT}/${file}
+      DEPENDS ${standin_files}/${file} VERBATIM)
+    list(APPEND outputs ${STANDIN_OUT}/${file})
+  endforeach()
+  add_custom_target(standin_game_folder ALL
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${STANDIN_OUT}/Benchmark DEPENDS ${outputs} VERBATIM)
   add_dependencies(standin_game_folder ut2003)
 endif()

@@ -1,4 +1,4 @@
-# Wine and Xvfb for the demo and the end-to-end tests, sourced by both.
+# Wine and Xvfb for the demo, the end-to-end tests and the benchmarks, sourced by each.
 #
 # A prefix of the project's own holds the program in a folder with blanks, and a full game and
 # a demo laid out on the stand-in game, each with its registry key. It never touches ~/.wine.
@@ -38,14 +38,29 @@ stop_xvfb() {
 # Registry text for regedit: a Windows path with its backslashes doubled.
 reg_text() { printf '%s' "${1//\\/\\\\}"; }
 
-# make_prefix <folder> <out folder of a build> [options]
-#   --driver <folder>   copy driver.exe and opener.exe from there into DRIVER_FOLDER and let
-#                       the opener take .html files and web addresses and stand in for the
-#                       system information tool, so that each of them is recorded
+# import_keys <view: 32 or 64> <registry text in regedit's format>: the game's 32-bit setup
+# leaves its keys in the 32-bit view of a 64-bit Windows, which is where a 32-bit program reads
+# HKLM\Software; Wine's own desktop settings live in the 64-bit view.
+import_keys() {
+  local keys
+  keys=$(mktemp --suffix=.reg)
+  printf 'REGEDIT4\n\n%s' "$2" >"$keys"
+  wine reg import "$(winepath -w "$keys" 2>/dev/null)" "/reg:$1" >/dev/null 2>&1
+  local status=$?
+  rm -f "$keys"
+  return $status
+}
+
+# make_prefix <folder> <program folder> <game folder> [options]
+#   the program folder is the release as unpacked from its zip; the game folder is the
+#   stand-in's, laid out twice, as the full game and as the demo
+#   --driver <folder>   copy driver.exe, opener.exe and the scenario table from there into
+#                       DRIVER_FOLDER and let the opener take .html files and web addresses and
+#                       stand in for the system information tool, so that each is recorded
 #   --desktop           a virtual desktop, in which Wine draws title bars and frames itself
 make_prefix() {
-  local prefix=$1 out=$2 driver='' desktop=0
-  shift 2
+  local prefix=$1 program=$2 game=$3 driver='' desktop=0
+  shift 3
   while [[ $# -gt 0 ]]; do
     case $1 in
       --driver) driver=$2; shift 2 ;;
@@ -60,41 +75,54 @@ make_prefix() {
   WINEDLLOVERRIDES='mscoree,mshtml=' wine wineboot --init >/dev/null 2>&1 || true
 
   mkdir -p "$(drive_c "$PROGRAM_FOLDER")"
-  cp -r "$out"/. "$(drive_c "$PROGRAM_FOLDER")"
+  cp -r "$program"/. "$(drive_c "$PROGRAM_FOLDER")"
   local folder
   for folder in "$FULL_FOLDER" "$DEMO_FOLDER"; do
     mkdir -p "$(drive_c "$folder")"
-    cp -r "$out-game"/. "$(drive_c "$folder")"
+    cp -r "$game"/. "$(drive_c "$folder")"
   done
 
-  local keys
-  keys=$(mktemp --suffix=.reg)
-  {
-    printf 'REGEDIT4\n\n'
-    printf '[HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003]\n'
-    printf '"Folder"="%s"\n\n' "$(reg_text "$FULL_FOLDER")"
-    printf '[HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003Demo]\n'
-    printf '"Folder"="%s"\n\n' "$(reg_text "$DEMO_FOLDER")"
-    if [[ -n $driver ]]; then
-      mkdir -p "$(drive_c "$DRIVER_FOLDER")"
-      cp "$driver/driver.exe" "$driver/opener.exe" "$(drive_c "$DRIVER_FOLDER")"
-      printf '[HKEY_CLASSES_ROOT\\.html]\n@="KelvarniteDriver.html"\n\n'
-      local opener class
-      opener=$(reg_text "$DRIVER_FOLDER\opener.exe")
-      for class in KelvarniteDriver.html http; do
-        printf '[HKEY_CLASSES_ROOT\\%s\\shell\\open\\command]\n' "$class"
-        printf '@="\\"%s\\" \\"%%1\\""\n\n' "$opener"
-      done
-      printf '[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Shared Tools\\MSINFO]\n'
-      printf '"PATH"="%s"\n\n' "$opener"
-    fi
-    if [[ $desktop -eq 1 ]]; then
-      printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]\n"Desktop"="Default"\n\n'
-      printf '[HKEY_CURRENT_USER\\Software\\Wine\\Explorer\\Desktops]\n"Default"="1024x768"\n\n'
-    fi
-  } >"$keys"
-  wine regedit /S "$(winepath -w "$keys" 2>/dev/null)" >/dev/null 2>&1
-  rm -f "$keys"
+  local game_keys="[HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003]
+\"Folder\"=\"$(reg_text "$FULL_FOLDER")\"
+
+[HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003Demo]
+\"Folder\"=\"$(reg_text "$DEMO_FOLDER")\"
+
+" shared_keys=''
+  if [[ -n $driver ]]; then
+    mkdir -p "$(drive_c "$DRIVER_FOLDER")"
+    cp "$driver"/driver.exe "$driver"/opener.exe "$driver"/scenarios.txt "$(drive_c "$DRIVER_FOLDER")"
+    local opener class
+    opener=$(reg_text "$DRIVER_FOLDER\\opener.exe")
+    game_keys+="[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Shared Tools\\MSINFO]
+\"PATH\"=\"$opener\"
+
+"
+    shared_keys+="[HKEY_CLASSES_ROOT\\.html]
+@=\"KelvarniteDriver.html\"
+
+"
+    for class in KelvarniteDriver.html http; do
+      shared_keys+="[HKEY_CLASSES_ROOT\\$class\\shell\\open\\command]
+@=\"\\\"$opener\\\" \\\"%1\\\"\"
+
+"
+    done
+  fi
+  local desktop_keys=''
+  if [[ $desktop -eq 1 ]]; then
+    desktop_keys="[HKEY_CURRENT_USER\\Software\\Wine\\Explorer]
+\"Desktop\"=\"Default\"
+
+[HKEY_CURRENT_USER\\Software\\Wine\\Explorer\\Desktops]
+\"Default\"=\"1024x768\"
+
+"
+  fi
+  import_keys 32 "$game_keys$shared_keys" && import_keys 64 "$shared_keys$desktop_keys" || {
+    echo "make_prefix: the registry keys could not be written" >&2
+    return 1
+  }
   # The registry reaches its files when the server ends; a copy of the prefix needs them.
   wineserver -w
 }
