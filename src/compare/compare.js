@@ -264,7 +264,16 @@
   // A grouped bar chart drawn as SVG text: the pairs of resolution and level down the side, one
   // bar per group of series across. Horizontal bars keep the level names readable at any count,
   // and the chart grows downwards, the way a page scrolls and prints.
-  function chartSvg(t, groups, keys, stats, width) {
+  // With titles, each bar carries its own tool tip text, for the downloaded picture; the page
+  // makes a bar's tool tip when the pointer first comes to it, since thousands of titles made
+  // up front would double the time to draw.
+  function barTitle(g, key, st) {
+    return g.name + ', ' + key.level + ' at ' + key.res + ': ' + (st.n > 1
+      ? 'mean ' + fps(st.mean) + ' FPS of ' + st.n + ', ' + fps(st.min) + ' to ' + fps(st.max)
+      : fps(st.mean) + ' FPS');
+  }
+
+  function chartSvg(t, groups, keys, stats, width, titles) {
     const title = TABLES[t].title;
     const nG = groups.length;
     const barH = Math.max(3, Math.min(16, Math.floor(96 / nG)));
@@ -308,7 +317,6 @@
       groups.forEach((g, i) => {
         const by = y + 4 + i * barH;
         const st = stats[k][i];
-        const what = esc(g.name + ', ' + key.level + ' at ' + key.res + ': ');
         if (!st) {
           if (labels) {
             body.push('<text class="gap" x="' + (left + 4) + '" y="' + (by + barH - 3) +
@@ -317,11 +325,9 @@
           return;
         }
         const w = Math.max(1, x(st.mean) - left);
-        const tip = st.n > 1 ? 'mean ' + fps(st.mean) + ' FPS of ' + st.n + ', ' + fps(st.min) + ' to ' + fps(st.max)
-          : fps(st.mean) + ' FPS';
         body.push('<rect class="bar" data-g="' + i + '" data-k="' + k + '" x="' + left + '" y="' + by +
-          '" width="' + w.toFixed(2) + '" height="' + (barH - 1) + '" fill="' + colour(i) + '"><title>' +
-          what + tip + '</title></rect>');
+          '" width="' + w.toFixed(2) + '" height="' + (barH - 1) + '" fill="' + colour(i) + '"' +
+          (titles ? '><title>' + esc(barTitle(g, key, st)) + '</title></rect>' : '/>'));
         let end = left + w;
         if (st.n > 1) {
           const a = x(st.min).toFixed(2);
@@ -385,14 +391,17 @@
           const st = stats[k][i];
           if (!st) return '<td class="gap">no rate</td>';
           const d = g === base ? null : difference(st, b);
-          return '<td><span class="v">' + fps(st.mean) + '</span>' +
-            (d === null ? '' : ' <span class="d">' + percent(d) + '</span>') +
-            (g.members.length > 1 ? ' <span class="s">spread ' + fps(st.max - st.min) + ', n ' + st.n + '</span>' : '') +
-            '</td>';
+          // Plain text in lines: a table of 50 series has thousands of these cells, and each
+          // element in them costs parse and layout time.
+          return '<td>' + fps(st.mean) + (d === null ? '' : ' <br>' + percent(d)) +
+            (g.members.length > 1 ? ' <br>spread ' + fps(st.max - st.min) + ', n ' + st.n : '') + '</td>';
         }).join('') + '</tr>';
     }).join('');
     return '<div class="scroll" tabindex="0" role="region" aria-label="' + esc(TABLES[t].title) + ' table">' +
-      '<table class="numbers" id="table-' + TABLES[t].slug + '"><caption>' + esc(TABLES[t].title) +
+      // Columns of fixed width: the browser then lays out a table of 50 series without
+      // measuring each of its thousands of cells first.
+      '<table class="numbers" id="table-' + TABLES[t].slug + '" style="width:' + (17.5 + 10.5 * groups.length) + 'em">' +
+      '<colgroup><col class="res"><col class="level"><col span="' + groups.length + '" class="val"></colgroup><caption>' + esc(TABLES[t].title) +
       ': mean frames per second, the difference in per cent against ' + esc(base.name) +
       ', and for repeats the spread (highest less lowest) and the count</caption>' +
       '<thead><tr><th scope="col">Resolution</th><th scope="col">Level</th>' + head + '</tr></thead>' +
@@ -446,6 +455,9 @@
     const focusId = focus && focus.dataset ? focus.dataset.id : undefined;
     const focusKind = focus && focus.dataset ? focus.dataset.kind : undefined;
 
+    // The width is read while the layout is still clean: read after the new series and tables
+    // go in, it would make the browser lay all of them out at once.
+    const width = chartWidth();
     const groups = groupsOf(state.series);
     const keys = keysOf(state.series);
     $('series-box').hidden = !state.series.length;
@@ -469,12 +481,12 @@
       const all = TABLES.map((_, t) => keys.map((key) => groups.map((g) => statsOf(g, key, t))));
       view = { groups, keys, base, all };
       $('results').innerHTML = TABLES.map((table, t) => '<section class="measure" aria-labelledby="h-' + table.slug +
-        '"><h2 id="h-' + table.slug + '">' + esc(table.title) + '</h2><figure><div class="chart" id="chart-box-' + table.slug +
-        '"></div><figcaption>' + esc(table.title) + ' of each series, by resolution and level. Where a series has no rate ' +
+        '"><h2 id="h-' + table.slug + '">' + esc(table.title) + '</h2><figure><div class="chart" data-t="' + t +
+        '" id="chart-box-' + table.slug + '"></div><figcaption>' + esc(table.title) + ' of each series, by resolution and level. Where a series has no rate ' +
         'the bar is left out. <span class="no-print"><button type="button" data-kind="png" data-t="' + t +
         '">Download PNG</button> <button type="button" data-kind="svg" data-t="' + t +
         '">Download SVG</button></span></figcaption></figure>' + tableHtml(t, groups, keys, all[t], base) + '</section>').join('');
-      renderCharts();
+      renderCharts(width);
     }
 
     if (focusId !== undefined) {
@@ -545,7 +557,7 @@
   }
 
   function downloadChart(t, kind) {
-    const svg = chartSvg(t, view.groups, view.keys, view.all[t], view.width);
+    const svg = chartSvg(t, view.groups, view.keys, view.all[t], view.width, true);
     const name = 'compare-' + TABLES[t].slug;
     const blob = new Blob(['<?xml version="1.0" encoding="UTF-8"?>\n' + svg + '\n'], { type: 'image/svg+xml' });
     if (kind === 'svg') return download(name + '.svg', blob);
@@ -622,6 +634,16 @@
     $('results').addEventListener('click', (e) => {
       const kind = e.target.dataset.kind;
       if (kind === 'png' || kind === 'svg') downloadChart(Number(e.target.dataset.t), kind);
+    });
+    $('results').addEventListener('mouseover', (e) => {
+      const bar = e.target;
+      if (!view || !bar.classList.contains('bar') || bar.firstChild) return;
+      const k = Number(bar.dataset.k);
+      const g = Number(bar.dataset.g);
+      const t = Number(bar.closest('.chart').dataset.t);
+      const title = document.createElementNS('http://www.w3.org/2000/svg', 'title');
+      title.textContent = barTitle(view.groups[g], view.keys[k], view.all[t][k][g]);
+      bar.appendChild(title);
     });
     $('baseline').addEventListener('change', (e) => {
       state.baseline = e.target.value;
