@@ -1,9 +1,14 @@
 #!/usr/bin/env bash
 # Draws the program's pictures and writes them into data/:
 #
-#   logo.jpg   JPEG (JFIF), 343 x 83, the logo band at the top of the main window
-#   about.gif  GIF89a, 346 x 91, the banner of the About window
+#   logo.bmp   bitmap, 343 x 83, 8 bits a pixel, the logo band at the top of the main window
+#   about.bmp  bitmap, 346 x 91, 8 bits a pixel, the banner of the About window
 #   about.ico  one 32 x 32 image in 16 colours, 766 bytes, the small icon of the About window
+#
+# The two bitmaps are uncompressed Windows 3 bitmaps (BITMAPINFOHEADER) with a palette of 256
+# colours, which every Windows loads as a bitmap resource, and at a third of the size of 24
+# bits a pixel. The colours are chosen without dithering: the smooth gradients of the band and
+# of the rule then lose less than a JPEG of quality 92 would.
 #
 # All three belong to the family of the program's icon, data/app.ico (tools/make-icon.py): a
 # speed dial with a blue rim, a dark disc, a scale that runs from green through yellow to red
@@ -166,19 +171,22 @@ wordmark() {
     "$@"
 }
 
-# The logo of the main window: 343 x 83, JPEG.
+# bitmap8: the options that turn the picture in hand into an 8-bit bitmap of 256 colours.
+bitmap8=(+dither -colors 256 -type Palette -compress none -strip)
+
+# The logo of the main window: 343 x 83.
 dark_band 343 83 "$work/logo-band.png"
 dial 72 1 "$work/dial72.png"
 wordmark "$work/logo-band.png" "$work/dial72.png" 7 89 34 43 68 \
-  -strip -sampling-factor 1x1 -quality 92 -interlace none "$work/logo.jpg"
+  "${bitmap8[@]}" "BMP3:$work/logo.bmp"
 
-# The banner of the About window: 346 x 91, GIF.
+# The banner of the About window: 346 x 91.
 dark_band 346 91 "$work/about-band.png"
 dial 80 1 "$work/dial80.png"
 wordmark "$work/about-band.png" "$work/dial80.png" 8 99 32 39 62 \
   -pointsize 11 \
   -fill 'rgb(158,166,178)' -annotate +101+81 'Frame rates for Unreal Tournament 2003' \
-  +dither -colors 256 -strip "GIF:$work/about.gif"
+  "${bitmap8[@]}" "BMP3:$work/about.bmp"
 
 # ---------------------------------------------------------------------------------------------
 # The small icon of the About window: the dial at 32 x 32 in 16 fixed colours.
@@ -213,7 +221,12 @@ python3 "$here/pack-ico16.py" "$work/ico-rgb.raw" "$work/ico-alpha.raw" "$work/a
   "${PALETTE[@]}"
 
 # ---------------------------------------------------------------------------------------------
-for name in logo.jpg about.gif about.ico; do
+# ImageMagick picks a smaller form where the picture allows one; the program wants exactly this.
+for name in logo.bmp about.bmp; do
+  form=$(od -An -tu2 -j28 -N2 "$work/$name" | tr -d ' ')$(od -An -tu4 -j30 -N4 "$work/$name" | tr -d ' ')
+  [[ $form = 80 ]] || { echo "make-pictures: $name is not an uncompressed 8-bit bitmap" >&2; exit 1; }
+done
+for name in logo.bmp about.bmp about.ico; do
   cp "$work/$name" "$out/$name"
 done
-identify "$out/logo.jpg" "$out/about.gif" "$out/about.ico"
+identify "$out/logo.bmp" "$out/about.bmp" "$out/about.ico"

@@ -10,7 +10,7 @@ struct Picture {
   bool isIcon = false;
 };
 
-// An ICON resource, or an RCDATA resource that holds a JPEG or GIF file.
+// An ICON or a BITMAP resource.
 Picture LoadStoredPicture(const char* name);
 SIZE PictureSize(const Picture& picture);
 
