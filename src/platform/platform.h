@@ -91,6 +91,7 @@ bool WriteTextFile(const std::string& path, const std::string& bytes, bool appen
 // Reads at most limit bytes from the start of the file.
 bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reason,
                   std::size_t limit = static_cast<std::size_t>(-1));
+// A file that is read-only or not, but no folder, not hidden and not a system file.
 bool NormalFileExists(const std::string& path);
 
 // ---- Program -------------------------------------------------------------------------------

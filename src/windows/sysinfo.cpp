@@ -6,8 +6,10 @@
 
 namespace {
 
-// The open asks for the rights of the registry reader and the right to read the key's
-// security data besides.
+// The mask that this lookup asks for, kept although nothing here writes: 0x3F is query value,
+// enumerate subkeys and notify, but also set value, create subkey and create link, and
+// 0x20000 is READ_CONTROL. A key that grants only reading therefore refuses the open, and the
+// lookup counts as missing.
 constexpr std::uint32_t kAccess = 0x2003F;
 constexpr std::uint32_t kBufferSize = 1024;
 

@@ -76,12 +76,14 @@ TEST_F(About, SystemInfoStartsTheToolTheRegistryNames) {
       {"a key that grants only reading", platform::kRegSz, kTool + z, "", true, true, box},
       {"the folder of the second lookup", 0, "", "C:\\Windows\\System32", false, true, kTool},
       {"a folder without the tool", 0, "", "C:\\Empty", false, true, box},
+      {"a folder by the tool's name is no file", 0, "", "C:\\Odd", false, true, box},
       {"no lookup answers", 0, "", "", false, true, box},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
     Fresh();
     for (const std::string& file : {std::string(kTool), bare, deep(1023), deep(1024)}) headless::PutFile(file, "x");
+    headless::MakeFolder("C:\\Odd\\MSINFO32.EXE");
     if (row.readOnlyKey) headless::CreateKey(kHklm, kPathKey, headless::kKeyRead);
     if (row.type != 0) headless::SetValue(kHklm, kPathKey, "PATH", row.type, row.path);
     if (!row.folder.empty()) headless::SetString(kHklm, kFolderKey, "MSINFO", row.folder);

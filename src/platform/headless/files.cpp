@@ -101,6 +101,8 @@ bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reas
   return true;
 }
 
+// The machine has no hidden or system files, so a normal file is any file that is no folder;
+// a read-only one counts.
 bool NormalFileExists(const std::string& path) {
   std::error_code ec;
   return fs::is_regular_file(headless::HostPath(path), ec);

@@ -70,9 +70,11 @@ bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reas
   return true;
 }
 
+// Read-only and archive, the attributes of an ordinary installed file, do not count against it.
 bool NormalFileExists(const std::string& path) {
-  DWORD attributes = ::GetFileAttributesA(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+  const DWORD attributes = ::GetFileAttributesA(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES &&
+         (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) == 0;
 }
 
 }  // namespace platform

@@ -70,14 +70,17 @@ FileDialogResult ShowOpenFileDialog(const std::string& filter) {
   // Room for any path, so the dialog never fails for want of space.
   std::vector<char> fileName(32768, '\0');
   OPENFILENAMEA dialog{};
-  dialog.lStructSize = sizeof(dialog);
+  // The size that Windows 98, ME and NT 4.0 accept, and later Windows too: the full structure
+  // carries three fields that came with Windows 2000, and older dialogs refuse its size.
+  dialog.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
   dialog.hwndOwner = ::GetActiveWindow();
   dialog.lpstrFilter = pairs.c_str();
   dialog.nFilterIndex = 1;
   dialog.lpstrFile = fileName.data();
   dialog.nMaxFile = static_cast<DWORD>(fileName.size());
-  // Whatever the user names is taken as it is: the chosen file is not tested.
-  dialog.Flags = OFN_HIDEREADONLY;
+  // No flags: whatever the user names is taken as it is, as the chosen file is not tested, and
+  // the dialog keeps its read-only box, which the system shows unless it is told to hide it.
+  dialog.Flags = 0;
 
   static const auto getOpenFileName =
       win32::LateBound<decltype(&::GetOpenFileNameA)>("comdlg32.dll", "GetOpenFileNameA");
