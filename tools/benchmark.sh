@@ -11,8 +11,8 @@
 #
 #   tools/benchmark.sh [--runs N] [--startups N]
 #
-# It installs what is missing, builds the two Windows presets and the native benchmark preset,
-# and runs under Wine in a prefix of its own in a temporary folder, on a virtual display of
+# It installs what is missing, builds the release package and the native benchmark preset, and
+# runs the 32-bit exe unpacked from the zip under 32-bit Wine in a prefix of its own in a temporary folder, on a virtual display of
 # its own. It prints a table of the figures with their goals and exits non-zero when a goal
 # is missed. Figures vary with the load of the machine: read them from a quiet one.
 set -euo pipefail
@@ -28,8 +28,10 @@ while [[ $# -gt 0 ]]; do
   esac
 done
 
-tools/install-deps.sh
+tools/install-deps.sh test
 source tools/wine-lib.sh
+# The project's one version, as the build knows it.
+version() { sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' build/mingw-i686/CMakeCache.txt; }
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/kelvarnite-benchmark.XXXXXX")
 cleanup() {
@@ -39,9 +41,10 @@ cleanup() {
 }
 trap cleanup EXIT
 
-echo "== Building (mingw-i686, mingw-x86_64, benchmark)"
-if ! { tools/build-windows.sh && cmake --preset benchmark && cmake --build --preset benchmark; } \
-    >"$work/build.log" 2>&1; then
+echo "== Building (the release package, benchmark)"
+if ! { cmake --preset mingw-i686 && cmake --build --preset mingw-i686 &&
+       (cd build/mingw-i686 && cpack --config CPackConfig.cmake -B .) &&
+       cmake --preset benchmark && cmake --build --preset benchmark; } >"$work/build.log" 2>&1; then
   cat "$work/build.log" >&2
   exit 1
 fi
@@ -75,7 +78,10 @@ report_figure() {
 }
 
 # --- 4. The size of the release exe ---------------------------------------------------------
-release=out/mingw-i686/KelvarniteUT2k3Benchmark.exe
+mkdir -p "$work/release"
+cmake -E chdir "$work/release" cmake -E tar xf "$PWD/build/mingw-i686/KelvarniteUT2k3Benchmark-$(version)-win32.zip"
+program=$(echo "$work"/release/*/)
+release=${program}KelvarniteUT2k3Benchmark.exe
 minimal_release=build/mingw-i686/benchmarks/minimal_window.exe
 exe_size=$(stat -c %s "$release")
 minimal_size=$(stat -c %s "$minimal_release")
@@ -92,8 +98,8 @@ done
 # --- 1, 2, 5. Under Wine ------------------------------------------------------------------
 echo "== Laying out a Wine prefix in $work"
 start_xvfb
-make_prefix "$work/prefix" out/mingw-x86_64 --driver build/mingw-x86_64/tests/e2e --desktop
-cp build/mingw-x86_64/benchmarks/measure.exe build/mingw-x86_64/benchmarks/minimal_window.exe \
+make_prefix "$work/prefix" "$program" build/mingw-i686/game --driver build/mingw-i686/tests/e2e --desktop
+cp build/mingw-i686/benchmarks/measure.exe build/mingw-i686/benchmarks/minimal_window.exe \
   "$(drive_c "$DRIVER_FOLDER")"
 # The stand-in ends at once: what is left of a start is the system's and the program's cost.
 export UT2003_STANDIN_SPEED=0
@@ -198,7 +204,7 @@ echo "  per game start: program $per_start_program, loop $per_start_loop;" \
   "after the last game: report and shell $after_games, the opener alone $opener_alone"
 echo "  memory at the shown window: program $(calc "\"%.1f MB\", $(wine_figure shown_program_peak_working_set) / 1048576")" \
   "working set, $(calc "\"%.1f MB\", $(wine_figure shown_program_peak_private) / 1048576") private"
-echo "  exe sizes: i686 $exe_size bytes, x86_64 $(stat -c %s out/mingw-x86_64/KelvarniteUT2k3Benchmark.exe) bytes"
+echo "  exe size: $exe_size bytes"
 echo
 if [[ $failed -ne 0 ]]; then
   echo "$failed goal(s) missed"
