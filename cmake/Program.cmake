@@ -5,12 +5,14 @@ enable_language(RC)
 add_executable(KelvarniteUT2k3Benchmark WIN32
   src/app/main.cpp
   src/app/KelvarniteUT2k3Benchmark.rc)
-# The resource script finds the pictures and the manifest by their plain names.
+# The resource script finds the pictures and the manifest, which carries the project's version,
+# by their plain names.
+configure_file(src/app/KelvarniteUT2k3Benchmark.manifest app/KelvarniteUT2k3Benchmark.manifest @ONLY)
 target_include_directories(KelvarniteUT2k3Benchmark PRIVATE
-  ${PROJECT_SOURCE_DIR}/data ${PROJECT_SOURCE_DIR}/src/app)
+  ${PROJECT_BINARY_DIR}/app ${PROJECT_SOURCE_DIR}/data)
 file(GLOB KELVARNITE_RESOURCES CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/data/*.ico ${PROJECT_SOURCE_DIR}/data/*.bmp ${PROJECT_SOURCE_DIR}/data/*.jpg
-  ${PROJECT_SOURCE_DIR}/data/*.gif ${PROJECT_SOURCE_DIR}/src/app/*.manifest)
+  ${PROJECT_SOURCE_DIR}/data/*.gif ${PROJECT_BINARY_DIR}/app/*.manifest)
 set_source_files_properties(src/app/KelvarniteUT2k3Benchmark.rc PROPERTIES
   OBJECT_DEPENDS "${KELVARNITE_RESOURCES}")
 target_link_libraries(KelvarniteUT2k3Benchmark PRIVATE kelvarnite_platform kelvarnite_core)
