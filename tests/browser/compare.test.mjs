@@ -113,6 +113,7 @@ const cases = [
 let browser;
 before(async () => {
   assert.ok(PAGE && fs.existsSync(PAGE), 'KELVARNITE_COMPARE_PAGE names the assembled page');
+  assert.doesNotMatch(fs.readFileSync(PAGE, 'latin1'), /<(script|link|img)\b[^>]*\b(src|href)=/i, 'one file, nothing beside it');
   browser = await chromium.launch({ executablePath: process.env.CHROMIUM || '/usr/bin/chromium', headless: true,
     args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
       '--disable-component-update', '--disable-sync'] });
