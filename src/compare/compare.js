@@ -261,18 +261,17 @@
     return (m <= 1 ? 1 : m <= 2 ? 2 : m <= 5 ? 5 : 10) * p;
   }
 
-  // A grouped bar chart drawn as SVG text: the pairs of resolution and level down the side, one
-  // bar per group of series across. Horizontal bars keep the level names readable at any count,
-  // and the chart grows downwards, the way a page scrolls and prints.
-  // With titles, each bar carries its own tool tip text, for the downloaded picture; the page
-  // makes a bar's tool tip when the pointer first comes to it, since thousands of titles made
-  // up front would double the time to draw.
   function barTitle(g, key, st) {
     return g.name + ', ' + key.level + ' at ' + key.res + ': ' + (st.n > 1
       ? 'mean ' + fps(st.mean) + ' FPS of ' + st.n + ', ' + fps(st.min) + ' to ' + fps(st.max)
       : fps(st.mean) + ' FPS');
   }
 
+  // A grouped bar chart drawn as SVG text: the pairs of resolution and level down the side, one
+  // bar per group of series across. Horizontal bars keep the level names readable at any count,
+  // and the chart grows downwards, the way a page scrolls and prints. With titles, each bar
+  // carries its tool tip, for the downloaded picture; on the page a bar's tool tip is made when
+  // the pointer first comes to it, since thousands of titles made up front slow the drawing.
   function chartSvg(t, groups, keys, stats, width, titles) {
     const title = TABLES[t].title;
     const nG = groups.length;
