@@ -11,8 +11,7 @@ configure_file(src/app/KelvarniteUT2k3Benchmark.manifest app/KelvarniteUT2k3Benc
 target_include_directories(KelvarniteUT2k3Benchmark PRIVATE
   ${PROJECT_BINARY_DIR}/app ${PROJECT_SOURCE_DIR}/data)
 file(GLOB KELVARNITE_RESOURCES CONFIGURE_DEPENDS
-  ${PROJECT_SOURCE_DIR}/data/*.ico ${PROJECT_SOURCE_DIR}/data/*.bmp ${PROJECT_SOURCE_DIR}/data/*.jpg
-  ${PROJECT_SOURCE_DIR}/data/*.gif ${PROJECT_BINARY_DIR}/app/*.manifest)
+  ${PROJECT_SOURCE_DIR}/data/*.ico ${PROJECT_SOURCE_DIR}/data/*.bmp ${PROJECT_BINARY_DIR}/app/*.manifest)
 set_source_files_properties(src/app/KelvarniteUT2k3Benchmark.rc PROPERTIES
   OBJECT_DEPENDS "${KELVARNITE_RESOURCES}")
 target_link_libraries(KelvarniteUT2k3Benchmark PRIVATE kelvarnite_platform kelvarnite_core)
