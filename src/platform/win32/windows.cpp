@@ -45,6 +45,18 @@ std::map<HWND, NativeWindow>& Windows() {
   return windows;
 }
 
+// The top-level window that holds a window: the window itself unless it is a child. The
+// chain of parents is walked by hand because GetAncestor is documented only from Windows 2000
+// on, and the program also runs on Windows 98 SE and ME.
+HWND TopLevelOf(HWND hwnd) {
+  while ((::GetWindowLongA(hwnd, GWL_STYLE) & WS_CHILD) != 0) {
+    HWND parent = ::GetParent(hwnd);
+    if (parent == nullptr) break;
+    hwnd = parent;
+  }
+  return hwnd;
+}
+
 // Set while a control is brought in line with the forms layer: the notifications that the
 // system sends for changes made from code are not the user's input.
 bool updating = false;
@@ -335,7 +347,7 @@ void MirrorOptionButtons(const forms::Window& window) {
 // The control's tool tip, in the tool tips of its window: added, changed or taken away. A
 // control is updated at every change of its state, its tip only when its text changes.
 void UpdateToolTip(HWND hwnd, const forms::Control& control) {
-  auto found = Windows().find(::GetAncestor(hwnd, GA_ROOT));
+  auto found = Windows().find(TopLevelOf(hwnd));
   if (found == Windows().end() || found->second.toolTip == nullptr) return;
   auto shown = found->second.tips.find(hwnd);
   if (shown != found->second.tips.end() && shown->second == control.ToolTipText()) return;
@@ -647,7 +659,7 @@ int RunEventLoop() {
     BOOL got = ::GetMessageA(&message, nullptr, 0, 0);
     if (got == 0 || got == -1) break;
     // Tab, the arrow keys and the access keys move between the controls of a form.
-    HWND root = message.hwnd != nullptr ? ::GetAncestor(message.hwnd, GA_ROOT) : nullptr;
+    HWND root = message.hwnd != nullptr ? TopLevelOf(message.hwnd) : nullptr;
     bool isForm = root != nullptr && Windows().count(root) != 0;
     if (!isForm || !::IsDialogMessageA(root, &message)) {
       ::TranslateMessage(&message);
