@@ -32,18 +32,12 @@
 
 namespace {
 
-const std::string kProgramFolder = "C:\\Program Files\\Kelvarnite UT2k3 Benchmark\\";
-const std::string kProgram = kProgramFolder + "KelvarniteUT2k3Benchmark.exe";
-const std::string kResults = kProgramFolder + "results.html";
-const std::string kStandInLog = "C:\\Games\\UT2003\\System\\StandIn.log";
-const std::string kLogFolder = "C:\\Games\\UT2003\\Benchmark\\";
-const std::string kLowFrameRateLog = kLogFolder + "lowframerate.log";
-const std::string kDriverFolder = "C:\\Kelvarnite Driver\\";
-const std::string kMinimalWindow = kDriverFolder + "minimal_window.exe";
-const std::string kOpened = kDriverFolder + "opened.txt";
-const std::string kTitle = "Kelvarnite UT2k3 Benchmark";
-constexpr wchar_t kFormClass[] = L"KelvarniteForm";
-constexpr int kMenuExit = 101;
+const std::string kProgram = ui::kProgramFolder + "\\" + ui::kProgramExe;
+const std::string kResults = ui::kProgramFolder + "\\results.html";
+const std::string kStandInLog = ui::kFullGame + "\\System\\StandIn.log";
+const std::string kLogFolder = ui::kFullGame + "\\Benchmark";
+const std::string kLowFrameRateLog = kLogFolder + "\\lowframerate.log";
+const std::string kMinimalWindow = ui::kDriverFolder + "\\minimal_window.exe";
 const char* const kResolutions[] = {"640x480", "800x600", "1024x768", "1280x1024", "1600x1200"};
 constexpr std::size_t kSuiteStarts = 35;  // seven levels at five resolutions
 
@@ -209,24 +203,8 @@ int StartUp(int runs) {
   return 0;
 }
 
-std::vector<std::string> Lines(const std::string& path) {
-  std::vector<std::string> lines;
-  HANDLE file = ::CreateFileW(ui::Wide(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                              nullptr, OPEN_EXISTING, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return lines;
-  std::string bytes;
-  char buffer[65536];
-  DWORD read = 0;
-  while (::ReadFile(file, buffer, sizeof(buffer), &read, nullptr) && read > 0) {
-    bytes.append(buffer, read);
-  }
-  ::CloseHandle(file);
-  std::size_t start = 0;
-  for (std::size_t end; (end = bytes.find("\r\n", start)) != std::string::npos; start = end + 2) {
-    lines.push_back(bytes.substr(start, end - start));
-  }
-  return lines;
-}
+// The stand-in's record of its starts, one line each.
+std::vector<std::string> Starts() { return ui::Lines(ui::ReadBytes(kStandInLog).value_or("")); }
 
 ULONGLONG FileSize(const std::string& path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -281,7 +259,7 @@ struct SuiteTimes {
 void CheckForBox(HWND button) {
   HWND box = ui::FindTop(L"#32770", "");
   if (box == nullptr) return;
-  const std::string text = ui::TextOf(::GetDlgItem(box, 0xFFFF));
+  const std::string text = ui::TextOf(::GetDlgItem(box, ui::kBoxText));
   ui::AwaitTrue("the suite to end", [&] {
     if (HWND open = ui::FindTop(L"#32770", "")) {
       ::PostMessageW(::GetDlgItem(open, IDOK), BM_CLICK, 0, 0);
@@ -299,12 +277,9 @@ SuiteTimes Suite(HWND main, FolderWatch& driverFolder, FolderWatch& logFolder, U
   ui::AwaitTrue("High Quality to be enabled", [&] { return ::IsWindowEnabled(button) != 0; });
   // The baseline left its records in the log; the program would empty it too, but only after
   // the click, and the wait below must not see them.
-  HANDLE log = ::CreateFileW(ui::Wide(kLowFrameRateLog).c_str(), GENERIC_WRITE, FILE_SHARE_READ,
-                             nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (log == INVALID_HANDLE_VALUE) ui::Fail("cannot empty " + kLowFrameRateLog);
-  ::CloseHandle(log);
-  const std::size_t startsBefore = Lines(kStandInLog).size();
-  const ULONGLONG openedBefore = FileSize(kOpened);
+  ui::WriteBytes(kLowFrameRateLog, "");
+  const std::size_t startsBefore = Starts().size();
+  const ULONGLONG openedBefore = FileSize(ui::kOpened);
   const double start = Now();
   ::PostMessageW(button, BM_CLICK, 0, 0);
   SuiteTimes times{0, 0};
@@ -320,11 +295,11 @@ SuiteTimes Suite(HWND main, FolderWatch& driverFolder, FolderWatch& logFolder, U
     times.games = Now() - start;
   }
   driverFolder.AwaitChange("the report to be opened",
-                           [&] { return FileSize(kOpened) > openedBefore; }, step, idle);
+                           [&] { return FileSize(ui::kOpened) > openedBefore; }, step, idle);
   times.total = Now() - start;
   // The handler ends by unlocking the controls; the baseline must not overlap it.
   ui::AwaitTrue("the suite to end", [&] { return ::IsWindowEnabled(button) != 0; });
-  const std::size_t starts = Lines(kStandInLog).size() - startsBefore;
+  const std::size_t starts = Starts().size() - startsBefore;
   if (starts != kSuiteStarts) {
     ui::Fail("the suite started the game " + std::to_string(starts) + " times");
   }
@@ -359,10 +334,10 @@ double BareLoop(const std::vector<std::string>& lines) {
 // does to the opener's record of it. The suite's clock can only stop at that record, so this
 // much of its time is the opener's, not the program's.
 double HandOff(FolderWatch& driverFolder) {
-  const ULONGLONG before = FileSize(kOpened);
+  const ULONGLONG before = FileSize(ui::kOpened);
   const double start = Now();
   ::ShellExecuteA(nullptr, "Open", kResults.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-  driverFolder.AwaitChange("the opener", [&] { return FileSize(kOpened) > before; }, 1000, {});
+  driverFolder.AwaitChange("the opener", [&] { return FileSize(ui::kOpened) > before; }, 1000, {});
   return Now() - start;
 }
 
@@ -373,7 +348,7 @@ int SuiteAgainstLoop(int runs) {
     Start(kProgram);
     return 0;
   });
-  HWND main = ui::AwaitTop(kFormClass, kTitle);
+  HWND main = ui::AwaitTop(ui::kFormClass, ui::kTitle);
   ui::Click(main, "Full");
   ui::Click(main, "Direct3D");
   for (const char* resolution : kResolutions) ui::Click(main, resolution);
@@ -381,7 +356,7 @@ int SuiteAgainstLoop(int runs) {
   ui::AwaitState(main, "Direct3D", true, true);
   for (const char* resolution : kResolutions) ui::AwaitState(main, resolution, true, true);
 
-  FolderWatch driverFolder(kDriverFolder), logFolder(kLogFolder);
+  FolderWatch driverFolder(ui::kDriverFolder), logFolder(kLogFolder);
   std::vector<double> suite, games, loop, handOff, toShell;
   ULONGLONG logSize = 0;
   struct Pair {
@@ -392,7 +367,7 @@ int SuiteAgainstLoop(int runs) {
     const Pair pair = Retried([&] {
       const SuiteTimes times = Suite(main, driverFolder, logFolder, logSize);
       logSize = FileSize(kLowFrameRateLog);
-      std::vector<std::string> lines = Lines(kStandInLog);
+      std::vector<std::string> lines = Starts();
       lines.erase(lines.begin(), lines.end() - static_cast<std::ptrdiff_t>(kSuiteStarts));
       const double loopSeconds = BareLoop(lines);
       return Pair{times, loopSeconds, HandOff(driverFolder)};
@@ -421,7 +396,7 @@ int SuiteAgainstLoop(int runs) {
   const PROCESS_MEMORY_COUNTERS_EX memory = Memory(ui::Program());
   PrintBytes("suite_program_peak_working_set", memory.PeakWorkingSetSize);
   PrintBytes("suite_program_peak_private", std::max(peakPrivate, PeakPrivate(ui::Program())));
-  ::PostMessageW(main, WM_COMMAND, kMenuExit, 0);
+  ::PostMessageW(main, WM_COMMAND, ui::kMenuExit, 0);
   AwaitEnd(ui::Program());
   return 0;
 }

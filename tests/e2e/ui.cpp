@@ -1,14 +1,14 @@
 #include "ui.h"
 
-#include <vector>
+#include <filesystem>
+#include <fstream>
 
 namespace ui {
 namespace {
 
 PROCESS_INFORMATION program{};
 
-// The message box's text and icon, and the file dialog's file name and Open button.
-constexpr int kBoxText = 0xFFFF;
+// The message box's icon, and the file dialog's file name.
 constexpr int kBoxIcon = 0x440;
 constexpr int kDialogFileName = 0x47C;
 
@@ -39,6 +39,10 @@ HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test) {
   return nullptr;
 }
 
+HWND AwaitControl(HWND window, const std::string& caption) {
+  return Await("the control \"" + caption + "\"", [&] { return FindChild(window, caption); });
+}
+
 }  // namespace
 
 void Fail(const std::string& why) { throw Failure(why); }
@@ -52,14 +56,31 @@ std::string Narrow(const std::wstring& text) {
 
 std::wstring Wide(const std::string& text) { return std::wstring(text.begin(), text.end()); }
 
+std::optional<std::string> ReadBytes(const std::string& path) {
+  std::ifstream file(std::filesystem::path(Wide(path)), std::ios::binary);
+  if (!file) return std::nullopt;
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+void WriteBytes(const std::string& path, const std::string& bytes) {
+  std::ofstream file(std::filesystem::path(Wide(path)), std::ios::binary);
+  if (!(file << bytes)) Fail("cannot write " + path);
+}
+
+std::vector<std::string> Lines(const std::string& bytes) {
+  std::vector<std::string> lines;
+  std::size_t start = 0;
+  for (std::size_t end; (end = bytes.find("\r\n", start)) != std::string::npos; start = end + 2) {
+    lines.push_back(bytes.substr(start, end - start));
+  }
+  if (start < bytes.size()) lines.push_back(bytes.substr(start));
+  return lines;
+}
+
 HWND Await(const std::string& what, const std::function<HWND()>& ready, int seconds) {
-  const DWORD start = ::GetTickCount();
-  for (;;) {
+  for (const DWORD start = ::GetTickCount();; ::Sleep(20)) {
     if (HWND found = ready()) return found;
-    if (::GetTickCount() - start > static_cast<DWORD>(seconds) * 1000) {
-      Fail("timed out waiting for " + what);
-    }
-    ::Sleep(20);
+    if (::GetTickCount() - start > static_cast<DWORD>(seconds) * 1000) Fail("timed out waiting for " + what);
   }
 }
 
@@ -81,9 +102,7 @@ void StartProgram(const std::string& exe) {
 HANDLE Program() { return program.hProcess; }
 
 void AwaitProgramEnd() {
-  if (::WaitForSingleObject(program.hProcess, 20000) != WAIT_OBJECT_0) {
-    Fail("the program did not end");
-  }
+  if (::WaitForSingleObject(program.hProcess, 20000) != WAIT_OBJECT_0) Fail("the program did not end");
 }
 
 HWND FindTop(const wchar_t* windowClass, const std::string& title) {
@@ -125,14 +144,6 @@ std::string TextOf(HWND window) {
   return Narrow(text);
 }
 
-namespace {
-
-HWND AwaitControl(HWND window, const std::string& caption) {
-  return Await("the control \"" + caption + "\"", [&] { return FindChild(window, caption); });
-}
-
-}  // namespace
-
 void Click(HWND window, const std::string& caption) {
   HWND control = AwaitControl(window, caption);
   // A posted click acts on a disabled button too; a user's click would not.
@@ -152,18 +163,16 @@ void ClickWithMouse(HWND control) {
 
 void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled) {
   HWND control = AwaitControl(window, caption);
-  auto describe = [](bool c, bool e) {
+  auto state = [](bool c, bool e) {
     return std::string(c ? "checked" : "unchecked") + (e ? " and enabled" : " and disabled");
   };
-  std::string seen;
-  try {
-    AwaitTrue("a state", [&] {
-      seen = describe(::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED,
-                      ::IsWindowEnabled(control) != 0);
-      return seen == describe(checked, enabled);
-    }, 5);
-  } catch (const Failure&) {
-    Fail("\"" + caption + "\" is " + seen + ", expected " + describe(checked, enabled));
+  for (const DWORD start = ::GetTickCount();; ::Sleep(20)) {
+    const std::string seen = state(::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED,
+                                   ::IsWindowEnabled(control) != 0);
+    if (seen == state(checked, enabled)) return;
+    if (::GetTickCount() - start > 5000) {
+      Fail("\"" + caption + "\" is " + seen + ", expected " + state(checked, enabled));
+    }
   }
 }
 
@@ -214,33 +223,20 @@ void SaveScreenshot(HWND window, const std::string& path) {
   ::BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY);
   ::SelectObject(memory, old);
 
-  BITMAPINFOHEADER info{};
-  info.biSize = sizeof(info);
-  info.biWidth = width;
-  info.biHeight = height;
-  info.biPlanes = 1;
-  info.biBitCount = 24;
-  info.biCompression = BI_RGB;
+  BITMAPINFOHEADER info{sizeof(info), width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
   const DWORD stride = (static_cast<DWORD>(width) * 3 + 3) & ~3u;
-  std::vector<char> pixels(stride * static_cast<DWORD>(height));
+  std::string pixels(stride * static_cast<DWORD>(height), '\0');
   ::GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), pixels.data(),
               reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS);
   ::DeleteObject(bitmap);
   ::DeleteDC(memory);
   ::ReleaseDC(nullptr, screen);
 
-  BITMAPFILEHEADER file{};
-  file.bfType = 0x4D42;  // "BM"
-  file.bfOffBits = sizeof(file) + sizeof(info);
-  file.bfSize = file.bfOffBits + static_cast<DWORD>(pixels.size());
-  HANDLE out = ::CreateFileW(Wide(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                             FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (out == INVALID_HANDLE_VALUE) Fail("cannot write " + path);
-  DWORD written = 0;
-  ::WriteFile(out, &file, sizeof(file), &written, nullptr);
-  ::WriteFile(out, &info, sizeof(info), &written, nullptr);
-  ::WriteFile(out, pixels.data(), static_cast<DWORD>(pixels.size()), &written, nullptr);
-  ::CloseHandle(out);
+  const DWORD offset = sizeof(BITMAPFILEHEADER) + sizeof(info);
+  const BITMAPFILEHEADER file{0x4D42 /* "BM" */, offset + static_cast<DWORD>(pixels.size()), 0, 0, offset};
+  std::string bytes(reinterpret_cast<const char*>(&file), sizeof(file));
+  bytes.append(reinterpret_cast<const char*>(&info), sizeof(info));
+  WriteBytes(path, bytes + pixels);
 }
 
 }  // namespace ui

@@ -8,10 +8,25 @@
 #include <windows.h>
 
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace ui {
+
+// Where tools/wine-lib.sh lays out the program, the games and the driver with its recording
+// opener, and the names the program gives its windows.
+inline const std::string kProgramFolder = "C:\\Program Files\\Kelvarnite UT2k3 Benchmark";
+inline const std::string kProgramExe = "KelvarniteUT2k3Benchmark.exe";
+inline const std::string kFullGame = "C:\\Games\\UT2003", kDemoGame = "C:\\Games\\UT2003 Demo";
+inline const std::string kDriverFolder = "C:\\Kelvarnite Driver";
+inline const std::string kOpened = kDriverFolder + "\\opened.txt";  // one line per document
+inline const std::string kTitle = "Kelvarnite UT2k3 Benchmark";
+constexpr wchar_t kFormClass[] = L"KelvarniteForm";
+// The main window's menu commands follow the rows of its menu table.
+constexpr int kMenuExit = 101, kMenuAbout = 103, kMenuHelp = 104;
+constexpr int kBoxText = 0xFFFF;  // the text of a message box
 
 struct Failure : std::runtime_error {
   using std::runtime_error::runtime_error;
@@ -20,6 +35,12 @@ struct Failure : std::runtime_error {
 
 std::string Narrow(const std::wstring& text);
 std::wstring Wide(const std::string& text);
+
+// Files are shared with the program and the game while they write them.
+std::optional<std::string> ReadBytes(const std::string& path);
+void WriteBytes(const std::string& path, const std::string& bytes);
+// The lines of a text with Windows line ends.
+std::vector<std::string> Lines(const std::string& bytes);
 
 // Polls until ready gives a non-null handle, or fails after the time-out.
 HWND Await(const std::string& what, const std::function<HWND()>& ready, int seconds = 30);
