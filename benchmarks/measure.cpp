@@ -17,7 +17,6 @@
 // program around it.
 #include <windows.h>
 
-#include <objbase.h>
 #include <psapi.h>
 #include <shellapi.h>
 
@@ -342,8 +341,6 @@ double HandOff(FolderWatch& driverFolder) {
 }
 
 int SuiteAgainstLoop(int runs) {
-  // As the program does before it hands anything to the shell.
-  ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   Retried([] {
     Start(kProgram);
     return 0;

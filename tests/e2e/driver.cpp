@@ -287,7 +287,11 @@ void About(const Scenario& s) {
     ui::AwaitTrue("the About window to close", [&] { return !::IsWindow(about); });
   };
   HWND about = open();
-  for (const std::string& text : {std::string("Version 2.0.0"), ui::kTitle}) {
+  // The version the build gave the program.
+  const std::string version = "Version " + std::to_string(KELVARNITE_VERSION_MAJOR) + "." +
+                              std::to_string(KELVARNITE_VERSION_MINOR) + "." +
+                              std::to_string(KELVARNITE_VERSION_PATCH);
+  for (const std::string& text : {version, ui::kTitle}) {
     ui::Await("the label " + text, [&] { return ui::FindChild(about, text); });
   }
   Shot(s, about);
