@@ -23,19 +23,11 @@ void HeadlessTest::TearDown() {
   std::filesystem::remove_all(root_, ignored);
 }
 
-namespace {
-
-void Install(const char* key, const std::string& folder) {
+void HeadlessTest::Install(const char* key, const std::string& folder) {
   headless::SetString(kHklm, key, "Folder", folder);
   headless::PutFile(folder + "\\System\\ut2003.exe", "stand-in");
   headless::MakeFolder(folder + "\\Benchmark");
 }
-
-}  // namespace
-
-void HeadlessTest::InstallFull(const std::string& folder) { Install(kFullKey, folder); }
-
-void HeadlessTest::InstallDemo(const std::string& folder) { Install(kDemoKey, folder); }
 
 Form1& HeadlessTest::StartProgram() {
   headless::RunAsEvent([] { forms::Show(forms::Load(std::make_unique<Form1>())); });
@@ -46,19 +38,14 @@ void HeadlessTest::Tick(std::initializer_list<int> boxes) {
   for (int box : boxes) EXPECT_TRUE(headless::Click(*MainForm().Check1[box]));
 }
 
-std::vector<bool> HeadlessTest::RunControlsEnabled() {
-  Form1& form = MainForm();
-  std::vector<bool> enabled;
-  for (forms::CheckBox* box : form.Check1) enabled.push_back(box->Enabled());
-  for (forms::CommandButton* b : {&form.Command1, &form.Command2, &form.Command3, &form.Command4}) {
-    enabled.push_back(b->Enabled());
-  }
+std::string HeadlessTest::Controls() {
+  Form1& f = MainForm();
+  const std::vector<const forms::Control*> controls = {
+      f.Check1[0], f.Check1[1], f.Check1[2], f.Check1[3], f.Check1[4], &f.Command1, &f.Command2,
+      &f.Command3, &f.Command4, nullptr, &f.Option1, &f.Option2, &f.Option3, &f.Option4};
+  std::string enabled;
+  for (const forms::Control* c : controls) enabled += c == nullptr ? ' ' : c->Enabled() ? '1' : '0';
   return enabled;
-}
-
-Form2& HeadlessTest::OpenCustom() {
-  EXPECT_TRUE(headless::Click(MainForm().Command4));
-  return *CustomWindow();
 }
 
 std::string HeadlessTest::Golden(const std::string& name) {

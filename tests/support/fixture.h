@@ -38,21 +38,24 @@ class HeadlessTest : public ::testing::Test {
   void TearDown() override;
   // A new machine for the next row of a table.
   void Fresh() { TearDown(); SetUp(); }
+  // A new machine with the full game, and the program started on it.
+  Form1& FreshStart() { Fresh(); InstallFull(); return StartProgram(); }
 
   // A variant installed at a folder: its registry key, its program and its log folder.
-  static void InstallFull(const std::string& folder = kFullPath);
-  static void InstallDemo(const std::string& folder = kDemoPath);
+  static void Install(const char* key, const std::string& folder);
+  static void InstallFull(const std::string& folder = kFullPath) { Install(kFullKey, folder); }
+  static void InstallDemo(const std::string& folder = kDemoPath) { Install(kDemoKey, folder); }
   // Starts the program as its entry does, up to the event loop, and gives the main window.
   static Form1& StartProgram();
   static void Tick(std::initializer_list<int> boxes);
-  // Whether each of the nine run controls is enabled: the five boxes, then the four buttons.
-  static std::vector<bool> RunControlsEnabled();
-  static bool AllRunControlsEnabled() { return RunControlsEnabled() == std::vector<bool>(9, true); }
+  // Whether the controls of the main window are enabled, as 1 or 0: the nine run controls
+  // (the five boxes, then the four buttons), a blank, and the four option buttons.
+  static std::string Controls();
   // The window the "Custom Test" button shows, or null.
   static Form2* CustomWindow() { return static_cast<Form2*>(forms::FindOpen(Form2::kName)); }
-  static Form2& OpenCustom();
-  static std::string FileOrMissing(const std::string& windowsPath) {
-    return headless::GetFile(windowsPath).value_or("<missing>");
+  static Form2& OpenCustom() { EXPECT_TRUE(headless::Click(MainForm().Command4)); return *CustomWindow(); }
+  static std::string FileOrMissing(const std::string& path) {
+    return headless::GetFile(path).value_or("<missing>");
   }
   // An expected file of tests/golden, as bytes.
   static std::string Golden(const std::string& name);
