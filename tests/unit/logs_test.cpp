@@ -1,3 +1,6 @@
+// lowframerate.log, read record by record into fixed fields, and the report made of it.
+#include <utility>
+
 #include "support/fixture.h"
 
 namespace {
@@ -13,12 +16,9 @@ const std::string kAbcLine = "abc, 1 / 2 / 3abcd, x, y\r\n";
 class LogTest : public HeadlessTest {};
 
 // Each case reads its log after the one before it, so what the earlier read left must go.
+// Element 0 stays blank and unused; an empty log leaves no element at all.
 TEST_F(LogTest, ReadsEachRecordIntoFixedFields) {
-  const struct {
-    std::string log;
-    Records records;
-    bool locked = false;
-  } cases[] = {
+  const std::pair<std::string, Records> cases[] = {
       {"dm-antalus, 31.20 / 58.44 / 112.90abcd, foo, bar",
        {"dm-antalus    |31.20     |58.44     |112.90    "}},
       {"abcdefghijklmnopqrst, 1 / 2 / 3abcd", {"abcdefghijklmn|1         |2         |3         "}},
@@ -37,8 +37,6 @@ TEST_F(LogTest, ReadsEachRecordIntoFixedFields) {
       // Five items on a line: the fifth begins the next record.
       {"abc, 1 / 2 / 3abcd, x, y, abc\r\n1 / 2 / 3abcd, x, y\r\n", {kAbc, kAbc}},
       {"", {}},
-      {kAbcLine, {kAbc}},
-      {kAbcLine, {}, true},  // a log that cannot be read counts as empty
       // Malformed items fill what they hold.
       {"a, 31.20/5, x, y", {"a             |31.20/5   |" + kB10 + "|" + kB10}},
       {"a, 1 / 2/3abcd, x, y", {"a             |1         |2/3abcd   |" + kB10}},
@@ -52,29 +50,38 @@ TEST_F(LogTest, ReadsEachRecordIntoFixedFields) {
       {"abc\r1 / 2 / 3abcd\rx\ry\rabc\n1 / 2 / 3abcd\nx\ny", {kAbc, kAbc}},
       {"abc, 1 / 2 / 3abcd  , x, y", {"abc           |1         |2         |3ab       "}},
       // The record index is 16-bit: reading stops after record 32767.
-      {[] {
-         std::string log;
-         for (int i = 0; i < 32768; ++i) log += ",,,\n";
-         return log;
-       }(),
-       Records(32767, kBlank)},
+      {std::string(4 * 32768, '\n'), Records(32767, kBlank)},
   };
   AppState.GamePath = kFullPath;
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.log.substr(0, 60));
-    headless::PutFile(kLog, c.log);
-    headless::SetLocked(kLog, c.locked);
+  for (const auto& [log, records] : cases) {
+    SCOPED_TRACE(log.substr(0, 60));
+    headless::PutFile(kLog, log);
     mdlBenchmark::ReadRunResults();
-    // Element 0 stays blank and unused; an empty log leaves no element at all.
-    Records expected = c.records, read;
+    Records expected = records, read;
     if (!expected.empty()) expected.insert(expected.begin(), kBlank);
-    for (const auto& r : AppState.RunResults) {
-      read.push_back(r.LevelName.str() + "|" + r.LowFps.str() + "|" + r.AverageFps.str() + "|" +
-                     r.HighFps.str());
-    }
+    for (const auto& r : AppState.RunResults)
+      read.push_back(r.LevelName.str() + "|" + r.LowFps.str() + "|" + r.AverageFps.str() + "|" + r.HighFps.str());
     EXPECT_EQ(read, expected);
-    headless::SetLocked(kLog, false);
   }
+  // A log that cannot be read counts as empty.
+  headless::PutFile(kLog, kAbcLine);
+  headless::SetLocked(kLog, true);
+  mdlBenchmark::ReadRunResults();
+  EXPECT_TRUE(AppState.RunResults.empty());
+}
+
+// Two records for three levels at two resolutions: the cells the log lacks are blank, so the
+// report is whole and its notes follow. The engine's code is compared exactly: "ogl" is no
+// OpenGL.
+TEST_F(LogTest, TooFewRecordsLeaveBlankCellsInTheReportAndTheNotesFollow) {
+  // The game's and the program's folders, no records yet, two resolutions, their names from
+  // element 1 on, the engine's code and the variant.
+  AppState = {kFullPath, "C:\\Bench\\", {}, 2, "", {"", "640x480", "1024x768"}, "ogl", "demo"};
+  headless::PutFile(kLog, "L1, 1.1 / 1.2 / 1.3 fps, 77, 640x480\r\n"
+                          "L2, 2.1 / 2.2 / 2.3 fps, 77, 640x480\r\n");
+  EXPECT_TRUE(mdlBenchmark::WriteResultsTables(3));
+  EXPECT_TRUE(mdlBenchmark::AppendRunNotes("Run sentence", "Ini sentence"));
+  EXPECT_EQ(FileOrMissing(kReport), Golden("too_few_records.html"));
 }
 
 }  // namespace
