@@ -10,11 +10,6 @@ using mdlBenchmark::AppState;
 
 class Install : public HeadlessTest {
  protected:
-  Form1& StartBoth() {
-    InstallFull();
-    InstallDemo();
-    return StartProgram();
-  }
   // "<Option3 and Option4 enabled, then selected, as 1 or 0> <GameVersion> <GamePath>"
   static std::string State() {
     const Form1& f = MainForm();
@@ -36,7 +31,8 @@ class Install : public HeadlessTest {
 
 // Both installed: the demo's handler runs nested between two runs of the full game's, and the
 // full game ends up selected. The folder is the value without its last character, whatever
-// its kind.
+// its kind. Custom Options then shows the list of the variant: any variant but the full game,
+// none found included, gets the demo's.
 TEST_F(Install, StatesAndFolderValuesAtStartUp) {
   const std::tuple<std::function<void()>, const char*, const char*> rows[] = {
       {[] {}, "0000  ", "DF"},
@@ -50,8 +46,7 @@ TEST_F(Install, StatesAndFolderValuesAtStartUp) {
       {[] { headless::SetValue(kHklm, kFullKey, "Folder", platform::kRegExpandSz, "C:\\G\\"); },
        "0000  ", "DF"},
   };
-  const Boxes none, please = {
-      {"Please install UT2003[full version] or UT2003[demo]", "Install UT2003", 0}};
+  const Boxes please = {{"Please install UT2003[full version] or UT2003[demo]", "Install UT2003", 0}};
   for (const auto& [install, state, keys] : rows) {
     SCOPED_TRACE(state);
     Fresh();
@@ -59,7 +54,11 @@ TEST_F(Install, StatesAndFolderValuesAtStartUp) {
     StartProgram();
     EXPECT_EQ(State(), state);
     EXPECT_EQ(KeysOpened(), keys);
-    EXPECT_EQ(headless::Boxes(), std::string(state, 2) == "00" ? please : none);
+    EXPECT_EQ(headless::Boxes(), std::string(state, 2) == "00" ? please : Boxes{});
+    const Form2& c = OpenCustom();
+    EXPECT_EQ(std::make_tuple(headless::IsShown(c), c.Combo1.ListCount(), c.Combo1.Text(),
+                              c.Option2.Value(), c.Option3.Value(), c.Command1.Enabled(), c.Text1.Text()),
+              std::make_tuple(true, state[0] == '1' ? 37 : 4, "dm-antalus*", true, true, false, ""));
   }
 }
 
@@ -67,23 +66,22 @@ TEST_F(Install, StatesAndFolderValuesAtStartUp) {
 // while start-up goes on. A program folder gets its backslash, also when it is given back
 // empty, but one at the root of a drive keeps its one backslash.
 TEST_F(Install, StartUpEmptiesTheLogsAndGoesOnAfterABox) {
-  const std::tuple<const char*, const char*, Boxes> rows[] = {
-      {"C:\\Bench", "C:\\Bench\\", {}},
-      {"", "\\", {}},
-      {"D:\\", "D:\\",
-       {{std::string(kLog) + " cannot be emptied: Permission denied.", kTitle, 16}}}};
-  for (const auto& [folder, appPath, boxes] : rows) {
+  const Boxes locked = {{std::string(kLog) + " cannot be emptied: Permission denied.", kTitle, 16}};
+  // The program folder, the one the program takes, and whether lowframerate.log is locked.
+  const std::tuple<const char*, const char*, bool> rows[] = {
+      {"C:\\Bench", "C:\\Bench\\", false}, {"", "\\", false}, {"D:\\", "D:\\", true}};
+  for (const auto& [folder, appPath, logLocked] : rows) {
     SCOPED_TRACE(folder);
     Fresh();
     InstallFull();
     headless::PutFile(kBenchLog, "old run\r\n");
-    if (!boxes.empty()) headless::PutFile(kLog, "x");
-    headless::SetLocked(kLog, !boxes.empty());
+    if (logLocked) headless::PutFile(kLog, "x");
+    headless::SetLocked(kLog, logLocked);
     headless::SetProgramFolder(folder);
     Form1& form = StartProgram();
-    EXPECT_EQ(headless::Boxes(), boxes);
+    EXPECT_EQ(headless::Boxes(), logLocked ? locked : Boxes{});
     EXPECT_EQ(FileOrMissing(kBenchLog), "");
-    EXPECT_EQ(FileOrMissing(kLog), boxes.empty() ? "" : "x");
+    EXPECT_EQ(FileOrMissing(kLog), logLocked ? "x" : "");
     EXPECT_EQ(AppState.AppPath, appPath);
     EXPECT_EQ(std::make_tuple(headless::IsShown(form), form.Option1.Value(), AppState.RenderEngine),
               std::make_tuple(true, true, "D3D"));
@@ -91,9 +89,13 @@ TEST_F(Install, StartUpEmptiesTheLogsAndGoesOnAfterABox) {
 }
 
 // A change of variant shows Custom Options anew, with the list of the new variant and its
-// choices dropped; the window is left alone when the variant's own code is set again.
-TEST_F(Install, ChangeOfVariantRebuildsAnOpenCustomOptionsWindow) {
-  Form1& form = StartBoth();
+// choices dropped; the window is left alone when the variant's own code is set again. The
+// folder is read afresh at each change, and only then: a variant gone since start-up gives an
+// empty path, and no box.
+TEST_F(Install, ChangesOfVariant) {
+  InstallFull();
+  InstallDemo();
+  Form1& form = StartProgram();
   ASSERT_TRUE(headless::Click(form.Option4));
   EXPECT_EQ(State(), "1101 demo C:\\Games\\UT2003Demo");
   EXPECT_EQ(forms::OpenWindows().size(), 1u);
@@ -118,25 +120,17 @@ TEST_F(Install, ChangeOfVariantRebuildsAnOpenCustomOptionsWindow) {
   headless::RunAsEvent([] { mdlBenchmark::SelectVariant(mdlBenchmark::Variant::Demo); });
   ASSERT_EQ(CustomWindow(), before);
   EXPECT_EQ(CustomWindow()->Combo1.ListIndex(), 3);
-}
 
-// The folder is read afresh at each change, and only then: a variant gone since start-up gives
-// an empty path, and no box.
-TEST_F(Install, VariantGoneSinceStartUp) {
-  const std::function<void()> changes[] = {
-      [] { headless::DeleteKey(kHklm, kDemoKey); },
-      [] { headless::SetValue(kHklm, kDemoKey, "Folder", platform::kRegSz, ""); }};
-  for (const auto& change : changes) {
-    Fresh();
-    Form1& form = StartBoth();
-    headless::SetString(kHklm, kFullKey, "Folder", "D:\\Moved");
-    headless::Click(form.Option3);  // selected already: its handler does not run
-    EXPECT_EQ(State(), "1110 full C:\\Games\\UT2003");
-    change();
-    ASSERT_TRUE(headless::Click(form.Option4));
-    EXPECT_EQ(State(), "1101 demo ");
-    EXPECT_TRUE(headless::Boxes().empty());
-  }
+  headless::SetString(kHklm, kDemoKey, "Folder", "D:\\Moved");
+  headless::Click(form.Option4);  // selected already: its handler does not run
+  EXPECT_EQ(State(), "1101 demo C:\\Games\\UT2003Demo");
+  headless::DeleteKey(kHklm, kFullKey);
+  ASSERT_TRUE(headless::Click(form.Option3));
+  EXPECT_EQ(State(), "1110 full ");
+  headless::SetValue(kHklm, kDemoKey, "Folder", platform::kRegSz, "");
+  ASSERT_TRUE(headless::Click(form.Option4));
+  EXPECT_EQ(State(), "1101 demo ");
+  EXPECT_TRUE(headless::Boxes().empty());
 }
 
 }  // namespace
