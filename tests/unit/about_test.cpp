@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <tuple>
 
 #include "support/fixture.h"
 #include "windows/frmAbout.h"
@@ -15,23 +16,23 @@ const char* const kPathKey = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
 const char* const kFolderKey = "SOFTWARE\\Microsoft\\Shared Tools Location";
 const char* const kTool = "C:\\Windows\\System32\\MSINFO32.EXE";
 
-// One window at most, its texts set at load, the banner's call of the shell, and the keys and
-// the button that close it; the main window's logo has no click of its own.
+// One window at most, its texts set at load with the build's version, the banner's call of the
+// shell, and the keys and the button that close it; the main window's logo has no click of its
+// own.
 TEST_F(About, OneWindowWithItsTextsTheWebSiteAndItsKeys) {
-  InstallFull();
-  Form1& form = StartProgram();
+  Form1& form = FreshStart();
   headless::Click(form.Picture1);
   for (int time = 0; time < 2; ++time) EXPECT_TRUE(headless::ChooseMenu(form, "mnuAbout"));
   ASSERT_NE(Window(), nullptr);
-  const std::vector<forms::Window*> open = forms::OpenWindows();
-  EXPECT_EQ(std::count_if(open.begin(), open.end(),
-                          [](forms::Window* w) { return w->Name() == frmAbout::kName; }),
-            1);
+  EXPECT_EQ(forms::OpenWindows().size(), 2u);
   frmAbout& about = *Window();
-  EXPECT_EQ(about.Caption() + "|" + about.lblTitle.Caption() + "|" + about.lblVersion.Caption(),
-            "About Kelvarnite UT2k3 Benchmark|Kelvarnite UT2k3 Benchmark|Version 2.0.0");
-  EXPECT_EQ(form.Picture1.ToolTipText(), "Click to go to www.kelvarnite.example");
-  EXPECT_EQ(about.Picture1.ToolTipText(), form.Picture1.ToolTipText());
+  const std::string version = std::to_string(KELVARNITE_VERSION_MAJOR) + "." +
+                              std::to_string(KELVARNITE_VERSION_MINOR) + "." +
+                              std::to_string(KELVARNITE_VERSION_PATCH);
+  EXPECT_EQ(about.Caption() + "|" + about.lblTitle.Caption() + "|" + about.lblVersion.Caption() + "|" +
+                form.Picture1.ToolTipText() + "|" + about.Picture1.ToolTipText(),
+            "About Kelvarnite UT2k3 Benchmark|Kelvarnite UT2k3 Benchmark|Version " + version +
+                "|Click to go to www.kelvarnite.example|Click to go to www.kelvarnite.example");
   headless::Click(about.Picture1);
   EXPECT_EQ(headless::ShellCalls(), (std::vector<headless::ShellCall>{
                                         {0, {}, "http://www.kelvarnite.example/", {}, "C:\\", 1}}));
@@ -52,24 +53,19 @@ TEST_F(About, OneWindowWithItsTextsTheWebSiteAndItsKeys) {
 // Where the registry names the system information tool, and what comes of each answer: the
 // tool started in a normal window and left alone, or the one box for every cause.
 TEST_F(About, SystemInfoStartsTheToolTheRegistryNames) {
-  // A path of the given length in folders of 100 characters, as no host takes longer names.
-  auto deep = [](std::size_t length) {
-    std::string path = "C:";
-    while (path.size() < length) path += "\\" + std::string(std::min<std::size_t>(100, length - path.size() - 1), 'x');
-    return path;
-  };
+  // Paths of 1023 and 1024 characters in folders of 100, as no host takes longer names.
+  std::string folders = "C:";
+  for (int folder = 0; folder < 10; ++folder) folders += "\\" + std::string(100, 'x');
+  const std::string deep1023 = folders + "\\" + std::string(10, 'x'), deep1024 = deep1023 + "x";
   const std::string z(1, '\0'), box = "the box", bare = "C:\\Tools\\msinfo.exe";
-  const struct {
-    const char* description;
-    std::uint32_t type;  // of the first lookup's PATH; 0: none
-    std::string path, folder;  // the bytes of PATH; the folder of the second lookup, if any
-    bool readOnlyKey, secondLookup;
-    std::string outcome;
-  } rows[] = {
+  // The type of the first lookup's PATH (0: none) and its bytes, the folder of the second
+  // lookup if any, whether the first key grants only reading, whether the second lookup is
+  // made, and what was started, or the box.
+  const std::tuple<const char*, std::uint32_t, std::string, std::string, bool, bool, std::string> rows[] = {
       {"a whole path, not looked for", platform::kRegSz, kTool + z, "", false, false, kTool},
       {"without a terminator the last character stays", platform::kRegSz, bare, "", false, false, bare},
-      {"1024 bytes with the terminator", platform::kRegSz, deep(1023) + z, "", false, false, deep(1023)},
-      {"1025 bytes count as missing", platform::kRegSz, deep(1024) + z, "", false, true, box},
+      {"1024 bytes with the terminator", platform::kRegSz, deep1023 + z, "", false, false, deep1023},
+      {"1025 bytes count as missing", platform::kRegSz, deep1024 + z, "", false, true, box},
       {"the file is gone", platform::kRegSz, "C:\\Gone.exe" + z, "C:\\Windows\\System32", false, false, box},
       {"an expandable path reads as empty", platform::kRegExpandSz, kTool + z, "", false, false, box},
       {"a value of no bytes", platform::kRegSz, "", "", false, false, box},
@@ -79,25 +75,22 @@ TEST_F(About, SystemInfoStartsTheToolTheRegistryNames) {
       {"a folder by the tool's name is no file", 0, "", "C:\\Odd", false, true, box},
       {"no lookup answers", 0, "", "", false, true, box},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.description);
-    Fresh();
-    for (const std::string& file : {std::string(kTool), bare, deep(1023), deep(1024)}) headless::PutFile(file, "x");
+  const Boxes unavailable = {{"System Information Is Unavailable At This Time", kTitle, 0}};
+  for (const auto& [description, type, path, folder, readOnlyKey, secondLookup, outcome] : rows) {
+    SCOPED_TRACE(description);
+    headless::ChooseMenu(FreshStart(), "mnuAbout");
+    for (const std::string& file : {std::string(kTool), bare, deep1023, deep1024}) headless::PutFile(file, "x");
     headless::MakeFolder("C:\\Odd\\MSINFO32.EXE");
-    if (row.readOnlyKey) headless::CreateKey(kHklm, kPathKey, headless::kKeyRead);
-    if (row.type != 0) headless::SetValue(kHklm, kPathKey, "PATH", row.type, row.path);
-    if (!row.folder.empty()) headless::SetString(kHklm, kFolderKey, "MSINFO", row.folder);
-    headless::ChooseMenu(StartProgram(), "mnuAbout");
-    const std::size_t boxes = headless::Boxes().size();
+    if (readOnlyKey) headless::CreateKey(kHklm, kPathKey, headless::kKeyRead);
+    if (type != 0) headless::SetValue(kHklm, kPathKey, "PATH", type, path);
+    if (!folder.empty()) headless::SetString(kHklm, kFolderKey, "MSINFO", folder);
     headless::Click(Window()->cmdSysInfo);
-    const bool boxed = headless::Boxes().size() == boxes + 1 &&
-                       headless::Boxes().back() == headless::Box{"System Information Is Unavailable At This Time", kTitle, 0};
-    const auto& starts = headless::Starts();
-    EXPECT_EQ(boxed ? box : starts.empty() ? "nothing" : starts.back().commandLine, row.outcome);
-    EXPECT_EQ(boxed || starts.empty() ? 1 : starts.back().windowStyle, 1);
+    const std::vector<headless::Start>& s = headless::Starts();
+    EXPECT_EQ(s.size() == 1 && s[0].started && s[0].windowStyle == 1 ? s[0].commandLine
+              : headless::Boxes() == unavailable ? box : "something else", outcome);
     const auto& calls = headless::RegistryCalls();
     EXPECT_EQ(std::count(calls.begin(), calls.end(), "open " + std::string(kFolderKey) + " 131135"),
-              row.secondLookup ? 1 : 0);
+              secondLookup ? 1 : 0);
     EXPECT_EQ(headless::OpenKeyCount(), 0);
     EXPECT_NE(Window(), nullptr);  // the About window stays open
   }
@@ -106,17 +99,14 @@ TEST_F(About, SystemInfoStartsTheToolTheRegistryNames) {
 // A number comes back as the decimal value of its bytes' digits, most significant byte first,
 // a zero top byte cut off as a terminator would be.
 TEST_F(About, NumbersComeBackAsText) {
-  const struct {
-    std::uint32_t number;
-    const char* text;
-  } rows[] = {{0x00000102, "18"}, {0x7F, "127"}, {0x1234ABCD, "305441741"}, {0xFFFFFFFF, "-1"}};
-  for (const auto& row : rows) {
-    headless::SetDword(kHklm, kPathKey, "PATH", row.number);
-    frmAbout about;
+  const std::pair<std::uint32_t, const char*> rows[] = {
+      {0x00000102, "18"}, {0x7F, "127"}, {0x1234ABCD, "305441741"}, {0xFFFFFFFF, "-1"}};
+  for (const auto& [number, text] : rows) {
+    headless::SetDword(kHklm, kPathKey, "PATH", number);
     platform::KeyHandle root = kHklm;
     std::string key = kPathKey, name = "PATH", value;
-    EXPECT_TRUE(about.GetKeyValue(root, key, name, value));
-    EXPECT_EQ(value, row.text) << row.number;
+    EXPECT_TRUE(frmAbout().GetKeyValue(root, key, name, value));
+    EXPECT_EQ(value, text) << number;
   }
 }
 
