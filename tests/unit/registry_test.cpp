@@ -25,9 +25,8 @@ void ExpectRead(const std::string& key, const std::string& name, bool secondQuer
 class RegistryRead : public HeadlessTest {};
 
 TEST_F(RegistryRead, SharedCasesThenWhatOnlyTheHeadlessRegistryHolds) {
-  for (const auto& c : registry_cases::Cases()) {
+  for (const auto& c : registry_cases::Cases())
     if (c.type != 0) headless::SetValue(kHklm, KeyOf(c.key), c.value, c.type, c.data);
-  }
   for (const auto& c : registry_cases::Cases()) {
     SCOPED_TRACE(c.description);
     ExpectRead(KeyOf(c.key), c.value, c.type == platform::kRegSz || c.type == platform::kRegDword,
