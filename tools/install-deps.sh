@@ -93,7 +93,11 @@ if ! installed wine32:i386; then
       exit 1
     fi
     pinned=("${request[@]:3}")
-    say "installing wine32:i386; keeping ${pinned[*]:-nothing} at the main suite's version"
+    if [[ ${#pinned[@]} -gt 0 ]]; then
+      say "installing wine32:i386 from the main suite; keeping ${pinned[*]} at its version"
+    else
+      say "installing wine32:i386 from the main suite; no amd64 package needs keeping back"
+    fi
     apt_get "${main[@]}" --allow-downgrades install "${request[@]}" >/dev/null
     # The machine's own lists again, for whatever apt does next.
     update
