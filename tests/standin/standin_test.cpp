@@ -41,11 +41,11 @@ TEST(StandInLine, SwitchesAndValues) {
   }
 }
 
-// "S" startable with Direct3D, "O" startable with OpenGL, "-" the game stops.
+// "S" startable with Direct3D, "O" startable with OpenGL, "-" the game stops. The inis of the
+// program, startable with Direct3D, are read end to end.
 TEST(StandInIni, WhatTheGameNeedsAndItsRenderer) {
   const std::string paths = "[Core.System]\r\nPaths=../System/*.u\r\n";
   const std::pair<std::string, char> cases[] = {
-      {paths + "[Engine.Engine]\r\nRenderDevice=D3DDrv.D3DRenderDevice\r\n", 'S'},
       // Names in any case, LF line ends, comments and blanks around the "=".
       {"; x\n[core.system]\npaths = ../Maps/*.ut2\n[ENGINE.ENGINE]\n"
        "renderdevice = opengldrv.openglrenderdevice\n", 'O'},

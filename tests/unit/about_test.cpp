@@ -16,38 +16,26 @@ const char* const kPathKey = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
 const char* const kFolderKey = "SOFTWARE\\Microsoft\\Shared Tools Location";
 const char* const kTool = "C:\\Windows\\System32\\MSINFO32.EXE";
 
-// One window at most, its texts set at load with the build's version, the banner's call of the
-// shell, and the keys and the button that close it; the main window's logo has no click of its
-// own.
-TEST_F(About, OneWindowWithItsTextsTheWebSiteAndItsKeys) {
+// One window at most, the tooltips, the banner's call of the shell, and Enter; the main
+// window's logo has no click of its own. The texts, Esc and OK are checked end to end.
+TEST_F(About, OneWindowItsToolTipsTheWebSiteAndEnter) {
   Form1& form = FreshStart();
   headless::Click(form.Picture1);
   for (int time = 0; time < 2; ++time) EXPECT_TRUE(headless::ChooseMenu(form, "mnuAbout"));
   ASSERT_NE(Window(), nullptr);
   EXPECT_EQ(forms::OpenWindows().size(), 2u);
   frmAbout& about = *Window();
-  const std::string version = std::to_string(KELVARNITE_VERSION_MAJOR) + "." +
-                              std::to_string(KELVARNITE_VERSION_MINOR) + "." +
-                              std::to_string(KELVARNITE_VERSION_PATCH);
-  EXPECT_EQ(about.Caption() + "|" + about.lblTitle.Caption() + "|" + about.lblVersion.Caption() + "|" +
-                form.Picture1.ToolTipText() + "|" + about.Picture1.ToolTipText(),
-            "About Kelvarnite UT2k3 Benchmark|Kelvarnite UT2k3 Benchmark|Version " + version +
-                "|Click to go to www.kelvarnite.example|Click to go to www.kelvarnite.example");
+  EXPECT_EQ(form.Picture1.ToolTipText() + "|" + about.Picture1.ToolTipText(),
+            "Click to go to www.kelvarnite.example|Click to go to www.kelvarnite.example");
   headless::Click(about.Picture1);
   EXPECT_EQ(headless::ShellCalls(), (std::vector<headless::ShellCall>{
                                         {0, {}, "http://www.kelvarnite.example/", {}, "C:\\", 1}}));
-  // Enter on System Info presses that button; elsewhere it presses OK, as Esc does.
+  // Enter on System Info presses that button; on a control that is no button it presses OK.
   headless::RunAsEvent([&] { about.UserPressEnter(&about.cmdSysInfo); });
   EXPECT_EQ(headless::Boxes().size(), 1u);
   EXPECT_EQ(Window(), &about);
-  const std::function<void(frmAbout&)> closers[] = {
-      [](frmAbout& w) { w.UserPressEnter(&w.lblTitle); }, [](frmAbout& w) { w.UserPressEscape(); },
-      [](frmAbout& w) { w.cmdOK.UserClick(); }};
-  for (const auto& close : closers) {
-    if (Window() == nullptr) headless::ChooseMenu(form, "mnuAbout");
-    headless::RunAsEvent([&] { close(*Window()); });
-    EXPECT_EQ(Window(), nullptr);
-  }
+  headless::RunAsEvent([&] { about.UserPressEnter(&about.lblTitle); });
+  EXPECT_EQ(Window(), nullptr);
 }
 
 // Where the registry names the system information tool, and what comes of each answer: the
