@@ -3,7 +3,6 @@
 // breaks, expects and compares is data, in scenarios.txt beside this exe; here are only the
 // routines that work the windows.
 //
-//   driver list          the names of the test scenarios, one a line
 //   driver host          what the runner must do on the host before a scenario: lines of
 //                        "<scenario> TAB <verb> TAB <argument>..."
 //   driver prepare <name>  sets this prefix up for the scenario
@@ -33,7 +32,6 @@ constexpr int kBannerId = 1007;  // the About window's banner: the eighth contro
 // A section of the table: its entries in the order written, each value split into its fields.
 struct Scenario {
   std::string name;
-  bool test;
   std::vector<std::pair<std::string, Fields>> entries;
 
   std::vector<Fields> All(const std::string& key) const {
@@ -86,13 +84,10 @@ std::string Unescape(const std::string& text) {
         text[i] == '\\' ? std::string("rn0x").find(text[i + 1]) : std::string::npos;
     if (escape == std::string::npos) {
       bytes += text[i];
-    } else if (escape == 3) {
-      bytes += static_cast<char>(std::stoi(text.substr(i + 2, 2), nullptr, 16));
-      i += 3;
-    } else {
-      bytes += std::string("\r\n", 3)[escape];
-      ++i;
+      continue;
     }
+    bytes += escape == 3 ? static_cast<char>(std::stoi(text.substr(i + 2, 2), nullptr, 16)) : "\r\n"[escape];
+    i += escape == 3 ? 3 : 1;
   }
   return bytes;
 }
@@ -130,20 +125,16 @@ void Complete(Scenario& s) {
 
 // The table beside this exe, as its head describes it.
 std::vector<Scenario> Scenarios() {
-  wchar_t exe[MAX_PATH] = {};
-  ::GetModuleFileNameW(nullptr, exe, MAX_PATH);
-  std::string path = ui::Narrow(exe);
-  path = path.substr(0, path.find_last_of('\\')) + "\\scenarios.txt";
+  const std::string path = ui::kDriverFolder + "\\scenarios.txt";
   const auto table = ui::ReadBytes(path);
   if (!table) Fail("cannot read " + path);
   std::vector<Scenario> scenarios;
   for (const std::string& raw : Split(*table, "\n")) {
     const std::string line = Trim(raw);
     const std::size_t equals = line.find('=');
-    const bool test = line.rfind("[test ", 0) == 0;
     if (line.empty() || line[0] == '#') continue;
-    if ((test || line.rfind("[show ", 0) == 0) && line.back() == ']') {
-      scenarios.push_back({line.substr(6, line.size() - 7), test, {}});
+    if ((line.rfind("[test ", 0) == 0 || line.rfind("[show ", 0) == 0) && line.back() == ']') {
+      scenarios.push_back({line.substr(6, line.size() - 7), {}});
     } else if (equals == std::string::npos || line[0] == '[' || scenarios.empty()) {
       Fail(path + ": neither a [test <name>] or [show <name>] header nor a key = value line: " + line);
     } else {
@@ -283,15 +274,12 @@ void About(const Scenario& s) {
     ::PostMessageW(main, WM_COMMAND, ui::kMenuAbout, 0);
     return ui::AwaitTop(ui::kFormClass, "About " + ui::kTitle);
   };
-  auto closed = [](HWND about) {
-    ui::AwaitTrue("the About window to close", [&] { return !::IsWindow(about); });
-  };
   HWND about = open();
   // The version the build gave the program.
-  const std::string version = "Version " + std::to_string(KELVARNITE_VERSION_MAJOR) + "." +
-                              std::to_string(KELVARNITE_VERSION_MINOR) + "." +
-                              std::to_string(KELVARNITE_VERSION_PATCH);
-  for (const std::string& text : {version, ui::kTitle}) {
+  char version[32];
+  std::snprintf(version, sizeof(version), "Version %d.%d.%d", KELVARNITE_VERSION_MAJOR,
+                KELVARNITE_VERSION_MINOR, KELVARNITE_VERSION_PATCH);
+  for (const std::string& text : {std::string(version), ui::kTitle}) {
     ui::Await("the label " + text, [&] { return ui::FindChild(about, text); });
   }
   Shot(s, about);
@@ -301,14 +289,11 @@ void About(const Scenario& s) {
   ui::PressKey(about, VK_RETURN);
   AwaitOpened(ui::kDriverFolder + "\\opener.exe");
   if (!::IsWindow(about)) Fail("Enter on System Info closed the About window");
-  ui::PressKey(about, VK_ESCAPE);
-  closed(about);
-  about = open();
-  ui::PressKey(about, VK_RETURN);
-  closed(about);
-  about = open();
-  Click(about, "OK");
-  closed(about);
+  for (const int close : {VK_ESCAPE, VK_RETURN, 0}) {  // 0: the OK button
+    if (close != VK_ESCAPE) about = open();
+    close != 0 ? ui::PressKey(about, close) : Click(about, "OK");
+    ui::AwaitTrue("the About window to close", [&] { return !::IsWindow(about); });
+  }
   Exit(main);
 }
 
@@ -337,11 +322,9 @@ void Prepare(const Scenario& s) {
     if (verb == "move") ::MoveFileW(ui::Wide(f[0]).c_str(), ui::Wide(f[1]).c_str());
     if (verb == "folder") {  // as the program will read it: ANSI bytes of any type
       const DWORD types[] = {REG_SZ, REG_EXPAND_SZ, REG_DWORD};
-      HKEY key = nullptr;
-      ::RegOpenKeyExA(HKEY_LOCAL_MACHINE, kGameKey.c_str(), 0, KEY_SET_VALUE, &key);
-      ::RegSetValueExA(key, "Folder", 0, types[Choose(f[0], {"REG_SZ", "REG_EXPAND_SZ", "REG_DWORD"})],
-                       reinterpret_cast<const BYTE*>(f[1].data()), static_cast<DWORD>(f[1].size()));
-      ::RegCloseKey(key);
+      ::RegSetKeyValueA(HKEY_LOCAL_MACHINE, kGameKey.c_str(), "Folder",
+                        types[Choose(f[0], {"REG_SZ", "REG_EXPAND_SZ", "REG_DWORD"})], f[1].data(),
+                        static_cast<DWORD>(f[1].size()));
     }
   }
 }
@@ -376,23 +359,21 @@ int main(int argc, char** argv) {
   const std::string command = argc >= 2 ? argv[1] : "", name = argc >= 3 ? argv[2] : "";
   try {
     for (const Scenario& s : Scenarios()) {
-      if (command == "list" && argc == 2 && s.test) std::printf("%s\n", s.name.c_str());
       for (const auto& [verb, f] : s.entries) {
-        const bool onHost = verb == "immutable" || verb == "copy" || verb == "drive";
-        if (command != "host" || argc != 2 || !onHost) continue;
-        std::printf("%s\t%s", s.name.c_str(), verb.c_str());
-        for (const std::string& field : f) std::printf("\t%s", field.c_str());
-        std::printf("\n");
+        if (command == "host" && argc == 2 && (verb == "immutable" || verb == "copy" || verb == "drive")) {
+          std::printf("%s\t%s\t%s\t%s\n", s.name.c_str(), verb.c_str(), f[0].c_str(),
+                      f.size() > 1 ? f[1].c_str() : "");
+        }
       }
       if (s.name != name) continue;
       if (command == "prepare" && argc == 3) return Prepare(s), 0;
       if (command == "run") return Run(s, argc == 4 && std::string(argv[3]) == "prepared");
     }
-    if ((command == "list" || command == "host") && argc == 2) return 0;
+    if (command == "host" && argc == 2) return 0;
   } catch (const ui::Failure& failure) {
     std::fprintf(stderr, "driver: %s\n", failure.what());
     return 1;
   }
-  std::fprintf(stderr, "usage: driver list | host | prepare <scenario> | run <scenario> [prepared]\n");
+  std::fprintf(stderr, "usage: driver host | prepare <scenario> | run <scenario> [prepared]\n");
   return 2;
 }

@@ -5,6 +5,7 @@
 
 #include <shellapi.h>
 
+#include <cstdio>
 #include <string>
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
@@ -20,11 +21,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   std::string bytes(static_cast<std::size_t>(line.size()) * 4, '\0');
   int size = ::WideCharToMultiByte(CP_UTF8, 0, line.c_str(), static_cast<int>(line.size()),
                                    bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
-  HANDLE file = ::CreateFileW(record.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
-                              OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return 1;
-  DWORD written = 0;
-  ::WriteFile(file, bytes.data(), static_cast<DWORD>(size), &written, nullptr);
-  ::CloseHandle(file);
-  return 0;
+  FILE* file = ::_wfopen(record.c_str(), L"ab");
+  if (file == nullptr) return 1;
+  std::fwrite(bytes.data(), 1, static_cast<std::size_t>(size), file);
+  return std::fclose(file) != 0;
 }

@@ -14,6 +14,12 @@ base=$1 golden=$2 name=$3
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/kelvarnite-e2e.XXXXXX")
 cleanup() {
+  # With KELVARNITE_E2E_UPDATE=1, the pictures of the windows, whatever the run's outcome.
+  if [[ ${KELVARNITE_E2E_UPDATE:-} == 1 ]]; then
+    for shot in "$work"/shots/*.bmp; do
+      [[ -f $shot ]] && convert "$shot" -strip "$here/../../docs/screenshots/$(basename "${shot%.bmp}").png"
+    done
+  fi
   WINEPREFIX=$work/prefix wineserver -k 2>/dev/null || true
   chattr -R -i "$work" 2>/dev/null || true
   stop_xvfb
@@ -21,31 +27,30 @@ cleanup() {
 }
 trap cleanup EXIT
 cp -a "$base" "$work/prefix"
+mkdir "$work/shots"
 export WINEPREFIX=$work/prefix WINEDEBUG=-all
-driver=("$DRIVER_FOLDER\\driver.exe")
+driver="$DRIVER_FOLDER\\driver.exe"
 # The prefix's first program starts its desktop, which needs the display.
 start_xvfb
 
 # What the scenario needs done on the host, where Wine cannot reach: files that nobody may
 # change, even root; another program folder; a drive letter.
-host=$(wine "${driver[@]}" host | tr -d '\r' | awk -F'\t' -v name="$name" '$1 == name' | cut -f2-)
+host=$(wine "$driver" host | tr -d '\r' | awk -F'\t' -v name="$name" '$1 == name' | cut -f2-)
 if grep -q '^immutable' <<<"$host" && [[ $(id -u) -ne 0 ]]; then
-  echo "SKIP  $name: only root can make a file that no one may change"
-  exit 77
+  echo "SKIP  $name: only root can make a file that no one may change"; exit 77
 fi
 
 # Fast enough that a 35-start suite takes seconds; the runs stay the same, only shorter.
 export UT2003_STANDIN_SPEED=100000
 export KELVARNITE_E2E_GOLDEN KELVARNITE_E2E_SHOTS
 KELVARNITE_E2E_GOLDEN=$(winepath -w "$golden" 2>/dev/null)
-mkdir -p "$work/shots"
 KELVARNITE_E2E_SHOTS=$(winepath -w "$work/shots" 2>/dev/null)
 
-run=(run "$name")
+prepared=
 if [[ -n $host ]]; then
   # The host's steps come between the scenario's own preparation and its run.
-  wine "${driver[@]}" prepare "$name" 2>/dev/null
-  run+=(prepared)
+  wine "$driver" prepare "$name" 2>/dev/null
+  prepared=prepared
   while IFS=$'\t' read -r verb first second; do
     case $verb in
       immutable) chattr +i "$(drive_c "$first")" ;;
@@ -55,13 +60,4 @@ if [[ -n $host ]]; then
     esac
   done <<<"$host"
 fi
-status=0
-wine "${driver[@]}" "${run[@]}" 2>/dev/null | tr -d '\r' || status=$?
-
-if [[ ${KELVARNITE_E2E_UPDATE:-} == 1 ]]; then
-  shots=$here/../../docs/screenshots
-  for shot in "$work"/shots/*.bmp; do
-    [[ -f $shot ]] && convert "$shot" -strip "$shots/$(basename "${shot%.bmp}").png"
-  done
-fi
-exit $status
+wine "$driver" run "$name" $prepared 2>/dev/null | tr -d '\r'

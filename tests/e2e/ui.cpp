@@ -43,16 +43,12 @@ HWND AwaitControl(HWND window, const std::string& caption) {
   return Await("the control \"" + caption + "\"", [&] { return FindChild(window, caption); });
 }
 
+// Every text the driver reads or writes is ASCII.
+std::string Narrow(const std::wstring& text) { return std::string(text.begin(), text.end()); }
+
 }  // namespace
 
 void Fail(const std::string& why) { throw Failure(why); }
-
-// Every text the driver reads or writes is ASCII.
-std::string Narrow(const std::wstring& text) {
-  std::string narrow;
-  for (wchar_t c : text) narrow += static_cast<char>(c);
-  return narrow;
-}
 
 std::wstring Wide(const std::string& text) { return std::wstring(text.begin(), text.end()); }
 
@@ -132,14 +128,12 @@ HWND FindChild(HWND parent, const wchar_t* windowClass, int id) {
 }
 
 std::string TextOf(HWND window) {
-  DWORD_PTR length = 0;
-  if (!::SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_ABORTIFHUNG, 10000, &length)) {
+  std::wstring text(4096, L'\0');  // longer than any text of the program
+  DWORD_PTR copied = 0;
+  if (!::SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
+                             SMTO_ABORTIFHUNG, 10000, &copied)) {
     Fail("no answer from a window of the program");
   }
-  std::wstring text(length + 1, L'\0');
-  DWORD_PTR copied = 0;
-  ::SendMessageTimeoutW(window, WM_GETTEXT, length + 1, reinterpret_cast<LPARAM>(text.data()),
-                        SMTO_ABORTIFHUNG, 10000, &copied);
   text.resize(copied);
   return Narrow(text);
 }
@@ -194,17 +188,15 @@ void AnswerBox(const std::string& title, const std::string& text, bool criticalI
 void ChooseFile(const std::string& path) {
   HWND dialog = AwaitTop(L"#32770", "Open");
   HWND name = Await("the file name box", [&] { return FindChild(dialog, L"Edit", kDialogFileName); });
-  std::wstring text = Wide(path);
-  ::SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  ::SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(path).c_str()));
   ::PostMessageW(FindChild(dialog, L"Button", IDOK), BM_CLICK, 0, 0);
   AwaitTrue("the file dialog to close", [&] { return !::IsWindow(dialog); });
 }
 
 void SelectListEntry(HWND window, const std::string& entry) {
   HWND list = Await("the drop-down list", [&] { return FindChild(window, L"ComboBox", -1); });
-  std::wstring text = Wide(entry);
   const LRESULT index = ::SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
-                                       reinterpret_cast<LPARAM>(text.c_str()));
+                                       reinterpret_cast<LPARAM>(Wide(entry).c_str()));
   if (index == CB_ERR) Fail("the list has no entry \"" + entry + "\"");
   // What the list tells its window when the user picks an entry.
   ::SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(index), 0);

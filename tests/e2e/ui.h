@@ -33,7 +33,6 @@ struct Failure : std::runtime_error {
 };
 [[noreturn]] void Fail(const std::string& why);
 
-std::string Narrow(const std::wstring& text);
 std::wstring Wide(const std::string& text);
 
 // Files are shared with the program and the game while they write them.

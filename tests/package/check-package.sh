@@ -17,8 +17,5 @@ compare.html
 help.html"
 diff <(echo "$expected") <(cd "$folder" && find . -type f | sed 's|^\./||' | LC_ALL=C sort)
 cmp "$folder/KelvarniteUT2k3Benchmark.exe" "$built"
-if grep -q $'[^\r]$' "$folder/README.txt"; then
-  echo "README.txt has a line that does not end in CR LF" >&2
-  exit 1
-fi
+! grep -q $'[^\r]$' "$folder/README.txt" || { echo "README.txt has a line that does not end in CR LF" >&2; exit 1; }
 echo "the package holds the program folder"
