@@ -145,10 +145,7 @@ std::vector<Scenario> Scenarios() {
   return scenarios;
 }
 
-std::string Env(const char* name) {
-  const char* value = std::getenv(name);
-  return value != nullptr ? value : "";
-}
+std::string Env(const char* name) { return std::getenv(name) ? std::getenv(name) : ""; }
 
 // The file must hold exactly the bytes of the expected file of that name; "<missing>" stands
 // for a file that must not exist.
