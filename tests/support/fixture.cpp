@@ -48,7 +48,7 @@ std::string HeadlessTest::Controls() {
   return enabled;
 }
 
-std::string HeadlessTest::Golden(const std::string& name) {
+std::string Golden(const std::string& name) {
   std::ifstream in(std::filesystem::path(KELVARNITE_GOLDEN_DIR) / name, std::ios::binary);
   EXPECT_TRUE(in) << "no golden file " << name;
   return std::string(std::istreambuf_iterator<char>(in), {});

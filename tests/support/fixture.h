@@ -31,6 +31,11 @@ constexpr const char* kBenchLog = "C:\\Games\\UT2003\\Benchmark\\benchmark.log";
 constexpr const char* kLog = "C:\\Games\\UT2003\\Benchmark\\lowframerate.log";
 constexpr const char* kReport = "C:\\Bench\\results.html";
 constexpr const char* kTitle = "Kelvarnite UT2k3 Benchmark";
+// What start-up tells when neither variant is installed.
+inline const headless::Box kPleaseInstall = {"Please install UT2003[full version] or UT2003[demo]", "Install UT2003", 0};
+
+// An expected file of tests/golden, as bytes.
+std::string Golden(const std::string& name);
 
 class HeadlessTest : public ::testing::Test {
  protected:
@@ -54,12 +59,7 @@ class HeadlessTest : public ::testing::Test {
   // The window the "Custom Test" button shows, or null.
   static Form2* CustomWindow() { return static_cast<Form2*>(forms::FindOpen(Form2::kName)); }
   static Form2& OpenCustom() { EXPECT_TRUE(headless::Click(MainForm().Command4)); return *CustomWindow(); }
-  static std::string FileOrMissing(const std::string& path) {
-    return headless::GetFile(path).value_or("<missing>");
-  }
-  // An expected file of tests/golden, as bytes.
-  static std::string Golden(const std::string& name);
-
+  static std::string FileOrMissing(const std::string& path) { return headless::GetFile(path).value_or("<missing>"); }
   std::filesystem::path root_;
 };
 
