@@ -16,8 +16,9 @@ const char* const kPathKey = "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
 const char* const kFolderKey = "SOFTWARE\\Microsoft\\Shared Tools Location";
 const char* const kTool = "C:\\Windows\\System32\\MSINFO32.EXE";
 
-// One window at most, the tooltips, the banner's call of the shell, and Enter; the main
-// window's logo has no click of its own. The texts, Esc and OK are checked end to end.
+// One window at most, the tooltips and the build's version, the banner's call of the shell, and
+// Enter; the main window's logo has no click of its own. The other texts, Esc and OK are checked
+// end to end.
 TEST_F(About, OneWindowItsToolTipsTheWebSiteAndEnter) {
   Form1& form = FreshStart();
   headless::Click(form.Picture1);
@@ -27,6 +28,9 @@ TEST_F(About, OneWindowItsToolTipsTheWebSiteAndEnter) {
   frmAbout& about = *Window();
   EXPECT_EQ(form.Picture1.ToolTipText() + "|" + about.Picture1.ToolTipText(),
             "Click to go to www.kelvarnite.example|Click to go to www.kelvarnite.example");
+  EXPECT_EQ(about.lblVersion.Caption(), "Version " + std::to_string(KELVARNITE_VERSION_MAJOR) + "." +
+                                            std::to_string(KELVARNITE_VERSION_MINOR) + "." +
+                                            std::to_string(KELVARNITE_VERSION_PATCH));
   headless::Click(about.Picture1);
   EXPECT_EQ(headless::ShellCalls(), (std::vector<headless::ShellCall>{
                                         {0, {}, "http://www.kelvarnite.example/", {}, "C:\\", 1}}));
