@@ -21,10 +21,8 @@ target_link_options(KelvarniteUT2k3Benchmark PRIVATE -mwindows -static)
 # game's ini files, the guides, and the page that compares reports.
 install(TARGETS KelvarniteUT2k3Benchmark RUNTIME DESTINATION .)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/data/INI DESTINATION .)
-install(FILES ${PROJECT_BINARY_DIR}/data/help.html ${PROJECT_BINARY_DIR}/data/README.txt DESTINATION .)
-if(KELVARNITE_COMPARE_PAGE)
-  install(FILES ${KELVARNITE_COMPARE_PAGE} DESTINATION .)
-endif()
+install(FILES ${PROJECT_BINARY_DIR}/data/help.html ${PROJECT_BINARY_DIR}/data/README.txt
+  ${KELVARNITE_COMPARE_PAGE} DESTINATION .)
 
 if(PROJECT_IS_TOP_LEVEL)
   include(${CMAKE_CURRENT_LIST_DIR}/Package.cmake)

@@ -30,13 +30,10 @@ if ! cmake --build --preset mingw-i686 2>&1 | tee -a "$demo/build.log" |
   echo "the build failed; its output is in $demo/build.log" >&2
   exit 1
 fi
-release=$(cd build/mingw-i686 && cpack --config CPackConfig.cmake -B . |
-  sed -n -E 's/^CPack: - package: (.*) generated\.$/\1/p')
-rm -rf "$demo/release"
-mkdir -p "$demo/release"
-cmake -E chdir "$demo/release" cmake -E tar xf "$release"
-program=$(echo "$demo"/release/*/)
-echo "   $(basename "$release"), unpacked in $program"
+# The tests' own step makes the zip and unpacks it into build/mingw-i686/release/.
+ctest --preset e2e -R '^package\.unpack$' >/dev/null
+program=$(echo "$PWD"/build/mingw-i686/release/*/)
+echo "   the release zip, unpacked in $program"
 
 source tools/wine-lib.sh
 echo "== 3/4 Laying out the game, the demo and the program in $demo/prefix (about 30 s)"
