@@ -10,105 +10,20 @@ import { createRequire } from 'node:module';
 const { chromium } = createRequire(import.meta.url)('playwright-core');
 const PAGE = process.env.KELVARNITE_COMPARE_PAGE;
 const golden = (name) => fs.readFileSync(new URL('../e2e/golden/' + name, import.meta.url), 'latin1');
-// A golden report with some of its lines (counted from 1) replaced, or cut after a line.
-const edit = (name, lines) => {
-  const all = golden(name).split('\r\n');
+// A file of a case: a golden report or side file, with some of its lines (counted from 1)
+// replaced or the file cut after a line, or padded with blanks to a size.
+const file = ({ name, from, lines = {}, padTo = 0 }) => {
+  const all = golden(from).split('\r\n');
   for (const [n, text] of Object.entries(lines)) {
     if (text === null) all.length = Number(n); else all[n - 1] = text;
   }
-  return all.join('\r\n');
+  return { name, mimeType: 'text/html', buffer: Buffer.from(all.join('\r\n').padEnd(padTo), 'latin1') };
 };
-const file = (name, text) => ({ name, mimeType: 'text/html', buffer: Buffer.from(text, 'latin1') });
-const NOT_A_REPORT = ': not a report of Kelvarnite UT2k3 Benchmark (its first line is not ' +
-  '"<META GENERATOR=Kelvarnite UT2003 Benchmark>"); not added.';
 const q = (s) => '"' + s + '"';
 
-const cases = [
-  {
-    name: 'a report as written, a renamed copy and a stand-in demo line up on what they share',
-    add: [file('radeon 9700.html', golden('full-d3d-high-quality.html')), file('demo-d3d-high-quality.html', golden('demo-d3d-high-quality.html'))],
-    messages: [],
-    series: ['radeon 9700', 'demo-d3d-high-quality'],
-    rows: {
-      'low-fps': { 0: ['640x480', 'DM-Antalus', '36.97', '36.97 ±0.0 %'], 1: ['640x480', 'DOM-SunTemple', '36.93', 'no rate'],
-        6: ['640x480', 'DM-Asbestos', '52.13', '47.79 −8.3 %'], 13: ['1024x768', 'DM-Asbestos', '37.32', '36.19 −3.0 %'] },
-      'average-fps': { 6: ['640x480', 'DM-Asbestos', '109.31', '105.52 −3.5 %'] },
-    },
-    csv: ['Average FPS,640x480,DM-Asbestos,demo-d3d-high-quality,105.517719,105.517719,105.517719,0.000000,1,-3.47',
-      'High FPS,1024x768,DM-Asbestos,radeon 9700,100.775975,100.775975,100.775975,0.000000,1,',
-      'High FPS,1024x768,DM-Phobos2,demo-d3d-high-quality,,,,,0,'],
-  },
-  {
-    name: 'series of one name are repeats: mean, spread and count, and a rename joins them',
-    add: [file('run.html', golden('full-d3d-high-quality.html')), file('run.html', edit('full-d3d-high-quality.html', { 16: '<TD>40.000001 ' })),
-      file('other.html', golden('full-d3d-high-quality.html'))],
-    rename: ['other', 'run'],
-    messages: [],
-    series: ['run', 'run', 'run'],
-    rows: { 'low-fps': { 0: ['640x480', 'DM-Antalus', '37.98 spread 3.03, n 3'], 1: ['640x480', 'DOM-SunTemple', '36.93 spread 0.00, n 3'] } },
-    csv: ['Low FPS,640x480,DM-Antalus,run,37.979962,36.969943,40.000001,3.030058,3,'],
-  },
-  {
-    name: 'the baseline is picked; resolutions in order of size, gaps where a report has none',
-    add: [file('full-d3d-high-quality.html', golden('full-d3d-high-quality.html')), file('high-quality-five.html', golden('high-quality-five.html')),
-      file('demo-d3d-high-quality.html', golden('demo-d3d-high-quality.html'))],
-    baseline: 'demo-d3d-high-quality',
-    messages: [],
-    head: ['Resolution', 'Level', 'full-d3d-high-quality', 'high-quality-five', 'demo-d3d-high-quality (baseline)'],
-    column: ['640x480', '800x600', '1024x768', '1280x1024', '1600x1200'].flatMap((r) => Array(7).fill(r)),
-    rows: { 'low-fps': { 6: ['640x480', 'DM-Asbestos', '52.13 +9.1 %', '52.13 +9.1 %', '47.79'], 7: ['800x600', 'DM-Antalus', 'no rate', '31.81', 'no rate'] } },
-  },
-  {
-    name: 'a run that left no record is a gap and is named, never a zero',
-    add: [file('thirteen.html', edit('full-d3d-high-quality.html', { 32: '<TD>          ', 67: '<TD>          ', 102: '<TD>          ' })),
-      file('crash-mid-suite.html', golden('crash-mid-suite.html')), file('game-crashes.html', golden('game-crashes.html'))],
-    messages: ['thirteen.html: no rate for DM-Asbestos at 1024x768 in Low, Average and High FPS (a run left no record); shown as gaps.',
-      'crash-mid-suite.html: column 7 has no level name and no rates (a run left no record); left out.',
-      'game-crashes.html: column 1 has no level name and no rates (a run left no record); left out.'],
-    series: ['thirteen', 'crash-mid-suite', 'game-crashes'],
-    rows: { 'high-fps': { 10: ['1024x768', 'DM-Inferno', '89.02', 'no rate', 'no rate'], 13: ['1024x768', 'DM-Asbestos', 'no rate', '100.78', 'no rate'] } },
-  },
-  {
-    name: 'each kind of bad file is named with what is wrong, and the other series stay',
-    add: [file('notes.html', golden('full-d3d.starts')), file('cut.html', edit('full-d3d-high-quality.html', { 52: null })),
-      file('damaged.html', edit('full-d3d-high-quality.html', { 33: '<TD>extra     ' })), file('odd.html', edit('full-d3d-high-quality.html', { 16: '<TD>abc       ' })),
-      file('rate-inf.html', golden('rate-inf.html')), file('rate-of-40-characters.html', golden('rate-of-40-characters.html')),
-      file('big.html', golden('full-d3d-high-quality.html').padEnd(1048577))],
-    messages: ['notes.html' + NOT_A_REPORT,
-      'cut.html: the Average FPS table is cut short at line 53 (end of file); the rest shows as gaps.',
-      'damaged.html: the Low FPS table is cut short at line 33 ("<TD>extra     "); the rest shows as gaps.',
-      'odd.html: "abc" for DM-Antalus at 640x480 in Low FPS is not a rate; shown as a gap.',
-      'rate-inf.html: "inf" for DM-Inferno at 640x480 in High FPS is not a rate; shown as a gap.',
-      'rate-of-40-characters.html: "0000000000" for DM-Inferno at 640x480 in Average FPS is not a rate (10 digits with no point: cut from a longer number); shown as a gap.',
-      'big.html: not a report (larger than 1 MiB); not added.'],
-    series: ['cut', 'damaged', 'odd', 'rate-inf', 'rate-of-40-characters'],
-    rows: {
-      'low-fps': { 0: ['640x480', 'DM-Antalus', '36.97', '36.97 ±0.0 %', 'no rate', 'no rate', 'no rate'], 7: ['1024x768', 'DM-Antalus', '24.54', '24.54 ±0.0 %', '24.54 ±0.0 %', 'no rate', 'no rate'] },
-      'average-fps': { 1: ['640x480', 'DOM-SunTemple', '78.85', 'no rate', '78.85 ±0.0 %', 'no rate', 'no rate'], 2: ['640x480', 'DM-Phobos2', 'no rate', 'no rate', '92.34', 'no rate', 'no rate'],
-        3: ['640x480', 'DM-Inferno', 'no rate', 'no rate', '88.17', '153.03', 'no rate'] },
-    },
-  },
-  {
-    name: 'reports dropped onto the page; the numbers as CSV, the charts as SVG and PNG',
-    drop: [file('before.html', golden('rate-inf.html')), file('after, patched.html', edit('full-d3d-cpu-benchmark.html', { 10: '<TD>80.888301 ' }))],
-    messages: ['before.html: "inf" for DM-Inferno at 640x480 in High FPS is not a rate; shown as a gap.'],
-    series: ['before', 'after, patched'],
-    csvBytes: '\ufeffTable,Resolution,Level,Series,Mean,Min,Max,Spread,Count,Difference % against before\r\n' + [
-      'Low FPS,640x480,DM-Inferno,before,73.534819,73.534819,73.534819,0.000000,1,',
-      'Low FPS,640x480,DM-Inferno,"after, patched",80.888301,80.888301,80.888301,0.000000,1,10.00',
-      'Low FPS,1024x768,DM-Inferno,before,,,,,0,',
-      'Low FPS,1024x768,DM-Inferno,"after, patched",65.316786,65.316786,65.316786,0.000000,1,',
-      'Average FPS,640x480,DM-Inferno,before,153.025935,153.025935,153.025935,0.000000,1,',
-      'Average FPS,640x480,DM-Inferno,"after, patched",153.025935,153.025935,153.025935,0.000000,1,0.00',
-      'Average FPS,1024x768,DM-Inferno,before,,,,,0,',
-      'Average FPS,1024x768,DM-Inferno,"after, patched",138.453363,138.453363,138.453363,0.000000,1,',
-      'High FPS,640x480,DM-Inferno,before,,,,,0,',
-      'High FPS,640x480,DM-Inferno,"after, patched",205.507604,205.507604,205.507604,0.000000,1,',
-      'High FPS,1024x768,DM-Inferno,before,,,,,0,',
-      'High FPS,1024x768,DM-Inferno,"after, patched",196.463654,196.463654,196.463654,0.000000,1,'].join('\r\n') + '\r\n',
-    pictures: true,
-  },
-];
+// Each case adds or drops its files, then renames a series or picks a baseline, and expects the
+// messages, series, cells and CSV lines it names; "csvFile" is the whole CSV, byte for byte.
+const cases = JSON.parse(fs.readFileSync(new URL('cases.json', import.meta.url), 'utf8'));
 
 let browser;
 before(async () => {
@@ -152,13 +67,13 @@ for (const c of cases) {
     page.on('pageerror', (e) => errors.push(e.message));
     page.on('request', (r) => /^(file|blob|data):/.test(r.url()) || errors.push('request ' + r.url()));
     await page.goto('file://' + PAGE);
-    if (c.add) await drawn(page, () => page.setInputFiles('#add', c.add));
+    if (c.add) await drawn(page, () => page.setInputFiles('#add', c.add.map(file)));
     if (c.drop) {
       await drawn(page, () => page.evaluate((files) => {
         const dt = new DataTransfer();
         for (const f of files) dt.items.add(new File([Uint8Array.from(f.bytes, (ch) => ch.charCodeAt(0))], f.name));
         document.getElementById('drop').dispatchEvent(new DragEvent('drop', { dataTransfer: dt, bubbles: true, cancelable: true }));
-      }, c.drop.map((f) => ({ name: f.name, bytes: f.buffer.toString('latin1') }))));
+      }, c.drop.map(file).map((f) => ({ name: f.name, bytes: f.buffer.toString('latin1') }))));
     }
     if (c.rename) {
       const input = `#series input[value=${q(c.rename[0])}]`;
@@ -180,7 +95,7 @@ for (const c of cases) {
     const csv = await saved(page, '#csv');
     assert.equal(csv.name, 'compare.csv');
     const text = csv.bytes.toString('utf8');
-    if (c.csvBytes) assert.equal(text, c.csvBytes);
+    if (c.csvFile) assert.equal(text, fs.readFileSync(new URL(c.csvFile, import.meta.url), 'utf8'));
     const lines = text.slice(1).split('\r\n');
     for (const line of c.csv || []) assert.ok(lines.includes(line), 'CSV has ' + line);
 
