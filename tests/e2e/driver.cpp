@@ -28,6 +28,7 @@ const std::string kOwnIni = "C:\\My Settings\\my own.ini";
 // The full game's registry key; the demo's adds "Demo".
 const std::string kGameKey = "SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003";
 constexpr int kBannerId = 1007;  // the About window's banner: the eighth control of its table
+constexpr int kReadOnlyBox = 0x410;  // the file dialog's "Open as read-only" box
 
 // A section of the table: its entries in the order written, each value split into its fields.
 struct Scenario {
@@ -253,6 +254,9 @@ void CustomOptions(const Scenario& s) {
   Click(custom, "Enabled");
   Click(custom, "Custom ini");
   Click(custom, "Browse...");
+  // The program asks the dialog for nothing of its own, so it keeps its read-only box.
+  HWND dialog = ui::AwaitTop(L"#32770", "Open");
+  if (!::IsWindowVisible(::GetDlgItem(dialog, kReadOnlyBox))) Fail("the file dialog has no read-only box");
   ui::ChooseFile(kOwnIni);
   ui::AwaitTrue("the chosen file in the text box",
                 [&] { return ui::TextOf(ui::FindChild(custom, L"Edit", -1)) == kOwnIni; });
@@ -280,7 +284,9 @@ void About(const Scenario& s) {
     ui::Await("the label " + text, [&] { return ui::FindChild(about, text); });
   }
   Shot(s, about);
-  ui::ClickWithMouse(ui::FindChild(about, L"Static", kBannerId));
+  HWND banner = ui::FindChild(about, L"Static", kBannerId);
+  if (!::SendMessageW(banner, STM_GETIMAGE, IMAGE_BITMAP, 0)) Fail("the About window shows no banner");
+  ui::ClickWithMouse(banner);
   AwaitOpened("http://www.kelvarnite.example/");
   ui::PressKey(about, VK_TAB);  // from OK to System Info, where Enter presses that button
   ui::PressKey(about, VK_RETURN);
