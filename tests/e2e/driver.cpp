@@ -18,6 +18,8 @@
 
 #include "ui.h"
 
+#include <tlhelp32.h>  // after <windows.h>, which ui.h includes
+
 namespace {
 
 using ui::Click;
@@ -183,6 +185,17 @@ void AwaitOpened(const std::string& path) {
   if (opened[openedSoFar] != path) Fail("the shell opened " + opened[openedSoFar] + ", not " + path);
   ++openedSoFar;
 }
+// Once the program has ended, an opener it started is running or has written its line.
+bool OpenerRunning() {
+  HANDLE snapshot = ::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+  PROCESSENTRY32W process{};
+  process.dwSize = sizeof(process);
+  bool running = false;
+  for (BOOL more = ::Process32FirstW(snapshot, &process); more && !running; more = ::Process32NextW(snapshot, &process))
+    running = ::lstrcmpiW(process.szExeFile, L"opener.exe") == 0;
+  ::CloseHandle(snapshot);
+  return running;
+}
 
 void AnswerBox(const Fields& box) {
   ui::AnswerBox(box[0], box[1], Choose(box[2], {"plain", "critical"}) == 1);
@@ -345,6 +358,7 @@ int Run(const Scenario& s, bool prepared) {
     }
     procedure->second(s);
     if (::WaitForSingleObject(ui::Program(), 0) != WAIT_OBJECT_0) Fail("the program is still running");
+    ui::AwaitTrue("the shell's programs to end", [] { return !OpenerRunning(); });
     if (Opened().size() != openedSoFar) Fail("the shell opened " + Opened().back() + " unasked");
     while (checksMade < s.All("check").size()) CheckNext(s);
   } catch (const ui::Failure& failure) {
