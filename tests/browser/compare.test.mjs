@@ -19,7 +19,6 @@ const file = ({ name, from, lines = {}, padTo = 0 }) => {
   }
   return { name, mimeType: 'text/html', buffer: Buffer.from(all.join('\r\n').padEnd(padTo), 'latin1') };
 };
-const q = (s) => '"' + s + '"';
 
 // Each case adds or drops its files, then renames a series or picks a baseline, and expects the
 // messages, series, cells and CSV lines it names; "csvFile" is the whole CSV, byte for byte.
@@ -76,7 +75,7 @@ for (const c of cases) {
       }, c.drop.map(file).map((f) => ({ name: f.name, bytes: f.buffer.toString('latin1') }))));
     }
     if (c.rename) {
-      const input = `#series input[value=${q(c.rename[0])}]`;
+      const input = `#series input[value=${JSON.stringify(c.rename[0])}]`;
       await page.fill(input, c.rename[1]);
       await drawn(page, () => page.press(input, 'Enter'));
     }

@@ -69,16 +69,6 @@ std::string Trim(const std::string& text) {
   return first == std::string::npos ? "" : text.substr(first, last - first + 1);
 }
 
-Fields Split(const std::string& text, const std::string& by) {
-  Fields fields;
-  for (std::size_t start = 0;;) {
-    const std::size_t end = text.find(by, start);
-    fields.push_back(text.substr(start, end - start));
-    if (end == std::string::npos) return fields;
-    start = end + by.size();
-  }
-}
-
 // \r, \n, \0 and \xHH; a backslash before anything else is itself, so that paths stay as written.
 std::string Unescape(const std::string& text) {
   std::string bytes;
@@ -115,7 +105,7 @@ void Complete(Scenario& s) {
         std::find_if(kKeys.begin(), kKeys.end(), [&](const auto& k) { return k.first == key; });
     if (known == kKeys.end()) Fail(s.name + ": no key \"" + key + "\"");
     if (known - kKeys.begin() < 8 && s.All(key).size() > 1) Fail(s.name + ": \"" + key + "\" twice");
-    fields = Split(fields[0], " | ");
+    fields = ui::Split(fields[0], " | ");
     if (known->second != 0 && fields.size() != known->second) {
       Fail(s.name + ": \"" + key + "\" takes " + std::to_string(known->second) + " fields");
     }
@@ -132,7 +122,7 @@ std::vector<Scenario> Scenarios() {
   const auto table = ui::ReadBytes(path);
   if (!table) Fail("cannot read " + path);
   std::vector<Scenario> scenarios;
-  for (const std::string& raw : Split(*table, "\n")) {
+  for (const std::string& raw : ui::Split(*table, "\n")) {
     const std::string line = Trim(raw);
     const std::size_t equals = line.find('=');
     if (line.empty() || line[0] == '#') continue;
@@ -191,8 +181,8 @@ bool OpenerRunning() {
   PROCESSENTRY32W process{};
   process.dwSize = sizeof(process);
   bool running = false;
-  for (BOOL more = ::Process32FirstW(snapshot, &process); more && !running; more = ::Process32NextW(snapshot, &process))
-    running = ::lstrcmpiW(process.szExeFile, L"opener.exe") == 0;
+  for (BOOL more = ::Process32FirstW(snapshot, &process); more; more = ::Process32NextW(snapshot, &process))
+    running |= ::lstrcmpiW(process.szExeFile, L"opener.exe") == 0;
   ::CloseHandle(snapshot);
   return running;
 }

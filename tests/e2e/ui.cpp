@@ -63,13 +63,19 @@ void WriteBytes(const std::string& path, const std::string& bytes) {
   if (!(file << bytes)) Fail("cannot write " + path);
 }
 
-std::vector<std::string> Lines(const std::string& bytes) {
-  std::vector<std::string> lines;
-  std::size_t start = 0;
-  for (std::size_t end; (end = bytes.find("\r\n", start)) != std::string::npos; start = end + 2) {
-    lines.push_back(bytes.substr(start, end - start));
+std::vector<std::string> Split(const std::string& text, const std::string& by) {
+  std::vector<std::string> pieces;
+  for (std::size_t start = 0;;) {
+    const std::size_t end = text.find(by, start);
+    pieces.push_back(text.substr(start, end - start));
+    if (end == std::string::npos) return pieces;
+    start = end + by.size();
   }
-  if (start < bytes.size()) lines.push_back(bytes.substr(start));
+}
+
+std::vector<std::string> Lines(const std::string& bytes) {
+  std::vector<std::string> lines = Split(bytes, "\r\n");
+  if (lines.back().empty()) lines.pop_back();  // what follows the last line end, or an empty text
   return lines;
 }
 
@@ -157,17 +163,12 @@ void ClickWithMouse(HWND control) {
 
 void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled) {
   HWND control = AwaitControl(window, caption);
-  auto state = [](bool c, bool e) {
-    return std::string(c ? "checked" : "unchecked") + (e ? " and enabled" : " and disabled");
-  };
-  for (const DWORD start = ::GetTickCount();; ::Sleep(20)) {
-    const std::string seen = state(::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED,
-                                   ::IsWindowEnabled(control) != 0);
-    if (seen == state(checked, enabled)) return;
-    if (::GetTickCount() - start > 5000) {
-      Fail("\"" + caption + "\" is " + seen + ", expected " + state(checked, enabled));
-    }
-  }
+  const char* const state = checked ? (enabled ? "checked and enabled" : "checked and disabled")
+                                    : (enabled ? "unchecked and enabled" : "unchecked and disabled");
+  AwaitTrue("\"" + caption + "\" to be " + state, [&] {
+    const bool checkedNow = ::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return checkedNow == checked && (::IsWindowEnabled(control) != 0) == enabled;
+  }, 5);
 }
 
 void AnswerBox(const std::string& title, const std::string& text, bool criticalIcon) {

@@ -38,7 +38,8 @@ std::wstring Wide(const std::string& text);
 // Files are shared with the program and the game while they write them.
 std::optional<std::string> ReadBytes(const std::string& path);
 void WriteBytes(const std::string& path, const std::string& bytes);
-// The lines of a text with Windows line ends.
+// The pieces of a text between the separators, and the lines of a text with Windows line ends.
+std::vector<std::string> Split(const std::string& text, const std::string& by);
 std::vector<std::string> Lines(const std::string& bytes);
 
 // Polls until ready gives a non-null handle, or fails after the time-out.
