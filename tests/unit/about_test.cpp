@@ -65,6 +65,7 @@ TEST_F(About, SystemInfoStartsTheToolTheRegistryNames) {
       {"the folder of the second lookup", 0, "", "C:\\Windows\\System32", false, true, kTool},
       {"a folder without the tool", 0, "", "C:\\Empty", false, true, box},
       {"a folder by the tool's name is no file", 0, "", "C:\\Odd", false, true, box},
+      {"a hidden or system file by the tool's name is passed over", 0, "", "C:\\Hidden", false, true, box},
       {"no lookup answers", 0, "", "", false, true, box},
   };
   const Boxes unavailable = {{"System Information Is Unavailable At This Time", kTitle, 0}};
@@ -73,6 +74,8 @@ TEST_F(About, SystemInfoStartsTheToolTheRegistryNames) {
     headless::ChooseMenu(FreshStart(), "mnuAbout");
     for (const std::string& file : {std::string(kTool), bare, deep1023, deep1024}) headless::PutFile(file, "x");
     headless::MakeFolder("C:\\Odd\\MSINFO32.EXE");
+    headless::PutFile("C:\\Hidden\\MSINFO32.EXE", "x");
+    headless::SetHidden("C:\\Hidden\\MSINFO32.EXE", true);
     if (readOnlyKey) headless::CreateKey(kHklm, kPathKey, headless::kKeyRead);
     if (type != 0) headless::SetValue(kHklm, kPathKey, "PATH", type, path);
     if (!folder.empty()) headless::SetString(kHklm, kFolderKey, "MSINFO", folder);

@@ -55,6 +55,11 @@ void SetLocked(const std::string& windowsPath, bool locked) {
   if (locked) M().locked.insert(host); else M().locked.erase(host);
 }
 
+void SetHidden(const std::string& windowsPath, bool hidden) {
+  std::string host = HostPath(windowsPath).string();
+  if (hidden) M().hidden.insert(host); else M().hidden.erase(host);
+}
+
 }  // namespace headless
 
 namespace platform {
@@ -101,11 +106,11 @@ bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reas
   return true;
 }
 
-// The machine has no hidden or system files, so a normal file is any file that is no folder;
-// a read-only one counts.
+// A file that is no folder and not hidden (nor a system file); a read-only one counts.
 bool NormalFileExists(const std::string& path) {
   std::error_code ec;
-  return fs::is_regular_file(headless::HostPath(path), ec);
+  const fs::path host = headless::HostPath(path);
+  return fs::is_regular_file(host, ec) && headless::M().hidden.count(host.string()) == 0;
 }
 
 }  // namespace platform

@@ -34,6 +34,8 @@ void MakeFolder(const std::string& windowsPath);
 // Files that refuse to be written (read-only) or to be opened at all (held by another program).
 void SetReadOnly(const std::string& windowsPath, bool readOnly);
 void SetLocked(const std::string& windowsPath, bool locked);
+// A file with the hidden or the system attribute, which a search for a normal file passes over.
+void SetHidden(const std::string& windowsPath, bool hidden);
 
 // ---- Program -------------------------------------------------------------------------------
 void SetProgramFolder(const std::string& windowsPath);

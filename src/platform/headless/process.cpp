@@ -1,4 +1,6 @@
 // Processes of the headless machine: the game stand-in runs to its end at its start.
+#include <filesystem>
+
 #include "platform/headless/state.h"
 
 namespace headless {
@@ -71,7 +73,9 @@ bool StartProcess(const std::string& commandLine, int windowStyle, std::uint32_t
     *failure = {run.errorNumber, run.description};
     return false;
   }
-  if (!NormalFileExists(program)) {
+  // The system starts any file that is no folder, hidden and system files too.
+  std::error_code ec;
+  if (!std::filesystem::is_regular_file(headless::HostPath(program), ec)) {
     *failure = {53, "File not found"};
     return false;
   }

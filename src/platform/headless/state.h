@@ -12,7 +12,7 @@ struct Machine {
   std::filesystem::path root;
   std::string programFolder = "C:\\Bench";
   bool ended = false;
-  std::set<std::string> readOnly, locked;  // host paths
+  std::set<std::string> readOnly, locked, hidden;  // host paths
   std::deque<GameRun> gameRuns;
   std::vector<Start> starts;
   int processHandles = 0;
