@@ -15,7 +15,6 @@ file(GLOB KELVARNITE_RESOURCES CONFIGURE_DEPENDS
 set_source_files_properties(src/app/KelvarniteUT2k3Benchmark.rc PROPERTIES
   OBJECT_DEPENDS "${KELVARNITE_RESOURCES}")
 target_link_libraries(KelvarniteUT2k3Benchmark PRIVATE kelvarnite_platform kelvarnite_core)
-target_link_options(KelvarniteUT2k3Benchmark PRIVATE -mwindows -static)
 
 # The program folder as a Windows user unpacks it: the exe, INI\D3D\ and INI\OGL\ with the
 # game's ini files, the guides, and the page that compares reports.

@@ -11,7 +11,6 @@ if(WIN32)
 
   add_executable(ut2003 WIN32 ${PROJECT_SOURCE_DIR}/src/standin/win32/main.cpp)
   target_link_libraries(ut2003 PRIVATE kelvarnite_standin)
-  target_link_options(ut2003 PRIVATE -mwindows -static)
   set_target_properties(ut2003 PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${STANDIN_OUT}/System)
 
   # The side files of the game folder, and its Benchmark folder where the logs go.

@@ -15,4 +15,6 @@ set(CMAKE_FIND_ROOT_PATH /usr/${KELVARNITE_MINGW_ARCH}-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+# Every Windows program of the build links its C and C++ runtimes in, so that each runs from a
+# folder of its own, as the release must, with nothing to install beside it.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
