@@ -37,10 +37,10 @@
       items.slice(0, -1).join(', ') + ' and ' + items[items.length - 1];
   }
 
-  // Reads one report. Gives { report, messages }: report is null when the file is no report at
-  // all; otherwise it holds every cell read before any damage, and the messages say what was
-  // wrong. Rates stay gaps unless they are plain numbers.
-  function parseReport(file, text) {
+  // Reads the text of one report. Gives { report, messages }: report is null when the file is no
+  // report at all; otherwise it holds every cell read before any damage, and the messages say
+  // what was wrong. Rates stay gaps unless they are plain numbers.
+  function parseReport(text) {
     const lines = text.split(/\r?\n/);
     if (lines[lines.length - 1] === '') lines.pop();
     if (lines[0] !== FIRST_LINE) return { report: null, messages: [NOT_A_REPORT] };
@@ -492,8 +492,8 @@
       const again = document.querySelector('[data-kind="' + focusKind + '"][data-id="' + focusId + '"]');
       if (again) again.focus();
     }
+    // How many times the page has drawn, for whoever waits for a drawing to end.
     document.body.dataset.drawn = String(++drawn);
-    document.dispatchEvent(new CustomEvent('compare:drawn', { detail: { series: state.series.length } }));
   }
 
   function say(text) {
@@ -518,7 +518,7 @@
     } catch (e) {
       return { report: null, messages: ['cannot be read (' + (e && e.name || 'error') + '); not added.'] };
     }
-    return parseReport(file.name, text);
+    return parseReport(text);
   }
 
   let queue = Promise.resolve();

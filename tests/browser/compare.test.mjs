@@ -5,9 +5,9 @@
 import { test, before, after } from 'node:test';
 import assert from 'node:assert/strict';
 import fs from 'node:fs';
-import { createRequire } from 'node:module';
 
-const { chromium } = createRequire(import.meta.url)('playwright-core');
+import { launchChromium } from './chromium.mjs';
+
 const PAGE = process.env.KELVARNITE_COMPARE_PAGE;
 const golden = (name) => fs.readFileSync(new URL('../e2e/golden/' + name, import.meta.url), 'latin1');
 // A file of a case: a golden report or side file, with some of its lines (counted from 1)
@@ -28,9 +28,7 @@ let browser;
 before(async () => {
   assert.ok(PAGE && fs.existsSync(PAGE), 'KELVARNITE_COMPARE_PAGE names the assembled page');
   assert.doesNotMatch(fs.readFileSync(PAGE, 'latin1'), /<(script|link|img)\b[^>]*\b(src|href)=/i, 'one file, nothing beside it');
-  browser = await chromium.launch({ executablePath: process.env.CHROMIUM || '/usr/bin/chromium', headless: true,
-    args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
-      '--disable-component-update', '--disable-sync'] });
+  browser = await launchChromium();
 });
 after(() => browser && browser.close());
 
