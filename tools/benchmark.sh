@@ -12,9 +12,9 @@
 #   tools/benchmark.sh [--runs N] [--startups N]
 #
 # It installs what is missing, builds the release package and the native benchmark preset, and
-# runs the 32-bit exe unpacked from the zip under 32-bit Wine in a prefix of its own in a temporary folder, on a virtual display of
-# its own. It prints a table of the figures with their goals and exits non-zero when a goal
-# is missed. Figures vary with the load of the machine: read them from a quiet one.
+# runs the 32-bit exe unpacked from the zip under 32-bit Wine, in a prefix of its own in a
+# temporary folder, on a virtual display of its own. It prints a table of the figures with
+# their goals and exits non-zero when a goal is missed. Figures vary with the load of the machine: read them from a quiet one.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

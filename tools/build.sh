@@ -5,5 +5,4 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 tools/install-deps.sh demo
 cmake --preset mingw-i686
-cmake --build --preset mingw-i686
-cd build/mingw-i686 && cpack --config CPackConfig.cmake -B .
+cmake --build --preset mingw-i686 --target package
