@@ -303,7 +303,58 @@ void About(const Scenario& s) {
   Exit(main);
 }
 
+// Tab round a window once: of each option group the focus lands on the selected button alone,
+// so that a Space there changes nothing, and those buttons are the ones given.
+void TabRound(HWND window, std::vector<std::string> selected) {
+  const DWORD thread = ::GetWindowThreadProcessId(window, nullptr);
+  auto focus = [&] {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    return ::GetGUIThreadInfo(thread, &info) ? info.hwndFocus : nullptr;
+  };
+  std::vector<HWND> visited;
+  std::vector<std::string> landed;
+  for (HWND at = focus();;) {
+    ui::PressKey(window, VK_TAB);
+    at = ui::Await("the focus to move on", [&] { return focus() != at ? focus() : nullptr; });
+    if (std::find(visited.begin(), visited.end(), at) != visited.end()) break;
+    if (visited.size() == 40) Fail("the focus never comes round");
+    visited.push_back(at);
+    if ((::GetWindowLongW(at, GWL_STYLE) & BS_TYPEMASK) != BS_RADIOBUTTON) continue;
+    landed.push_back(ui::TextOf(at));
+    if (::SendMessageW(at, BM_GETCHECK, 0, 0) != BST_CHECKED) {
+      Fail("Tab lands on the option button \"" + landed.back() + "\", which is not selected");
+    }
+  }
+  std::sort(landed.begin(), landed.end());
+  std::sort(selected.begin(), selected.end());
+  std::string names;
+  for (const std::string& name : landed) names += " \"" + name + "\"";
+  if (landed != selected) Fail("Tab lands on the option buttons" + names + " and no others");
+}
+
+// Both windows' option groups from the keyboard, before and after a change of the selection.
+void Keyboard(const Scenario& s) {
+  HWND main = StartUp(s);
+  TabRound(main, {"Direct3D", "Full"});
+  Click(main, "OpenGL");
+  Click(main, "Demo");
+  ui::AwaitState(main, "Demo", true, true);
+  TabRound(main, {"OpenGL", "Demo"});
+  ui::AwaitState(main, "OpenGL", true, true);
+  ui::AwaitState(main, "Demo", true, true);
+  Click(main, "Custom Test");
+  HWND custom = CustomWindow();
+  TabRound(custom, {"Disabled", "Max Detail"});
+  Click(custom, "Min Detail");
+  ui::AwaitState(custom, "Min Detail", true, true);
+  TabRound(custom, {"Disabled", "Min Detail"});
+  ui::AwaitState(custom, "Disabled", true, true);
+  Exit(main, WM_CLOSE);
+}
+
 const std::map<std::string, void (*)(const Scenario&)> kProcedures = {
+    {"keyboard", Keyboard},
     {"start-up", [](const Scenario& s) { Exit(StartUp(s)); }}, {"main-window", MainWindowTour},
     {"tests", Tests}, {"custom-options", CustomOptions}, {"about", About}};
 
