@@ -51,8 +51,10 @@ const look = () => ({
     head: [...t.tHead.rows[0].cells].map((c) => c.textContent),
     rows: [...t.tBodies[0].rows].map((r) => [...r.cells].map((c) => c.textContent)),
   }])),
+  swatches: [...document.querySelectorAll('#series .swatch')].map((e) => getComputedStyle(e).backgroundColor),
   charts: [...document.querySelectorAll('.chart svg')].map((svg) => ({
-    bars: [...svg.querySelectorAll('rect.bar')].map((r) => ({ k: +r.dataset.k, g: +r.dataset.g, x: +r.getAttribute('x'), w: +r.getAttribute('width') })),
+    bars: [...svg.querySelectorAll('rect.bar')].map((r) => ({ k: +r.dataset.k, g: +r.dataset.g, x: +r.getAttribute('x'), w: +r.getAttribute('width'), fill: getComputedStyle(r).fill })),
+    legend: [...svg.querySelectorAll('.legend rect')].map((r) => getComputedStyle(r).fill),
     whiskers: [...svg.querySelectorAll('path.whisker')].map((p) => ({ k: +p.dataset.k, g: +p.dataset.g, d: p.getAttribute('d') })),
   })),
 });
@@ -116,6 +118,15 @@ for (const c of cases) {
           title + ': whisker from lowest to highest');
       });
     });
+
+    // Each series has a colour of its own, never black, the same in every chart, its legend and
+    // its swatch.
+    for (const { bars, legend } of seen.charts) {
+      assert.equal(new Set(legend).size, legend.length, 'a colour for each series');
+      assert.ok(!legend.includes('rgb(0, 0, 0)'), 'no series is black');
+      bars.forEach((b) => assert.equal(b.fill, legend[b.g], 'the bar has its series\' colour'));
+      assert.deepEqual([...new Set(seen.swatches)].sort(), [...legend].sort(), 'the swatches have the series\' colours');
+    }
 
     if (c.pictures) {
       const svg = await saved(page, 'button[data-kind="svg"][data-t="0"]');
