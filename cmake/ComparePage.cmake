@@ -1,4 +1,4 @@
-# The page that compares reports: its three sources under src/compare/ assembled into one
+# The page that compares reports: its sources under src/compare/ assembled into one
 # self-contained compare.html in the build folder, which the program folder and the release
 # package carry beside help.html. It needs nothing but CMake, so every build makes it.
 #
@@ -7,21 +7,24 @@ set(KELVARNITE_COMPARE_PAGE ${PROJECT_BINARY_DIR}/compare.html)
 
 include_guard(GLOBAL)
 
-# Found from this file, so that the page builds whichever project includes it.
+# Found from this file, so that the page builds whichever project includes it. The script's
+# modules, each after those it imports; node's test runner imports them as they are.
 get_filename_component(_kelvarnite_compare_dir ${CMAKE_CURRENT_LIST_DIR}/../src/compare ABSOLUTE)
-set(_kelvarnite_compare_sources
-  ${_kelvarnite_compare_dir}/compare.html
-  ${_kelvarnite_compare_dir}/compare.css
-  ${_kelvarnite_compare_dir}/compare.js)
+set(_kelvarnite_compare_modules report stats markup charts tables page)
+list(TRANSFORM _kelvarnite_compare_modules PREPEND ${_kelvarnite_compare_dir}/)
+list(TRANSFORM _kelvarnite_compare_modules APPEND .mjs)
+string(REPLACE ";" "," _kelvarnite_compare_js "${_kelvarnite_compare_modules}")
 add_custom_command(
   OUTPUT ${KELVARNITE_COMPARE_PAGE}
   COMMAND ${CMAKE_COMMAND}
     -DPAGE=${_kelvarnite_compare_dir}/compare.html
     -DCSS=${_kelvarnite_compare_dir}/compare.css
-    -DJS=${_kelvarnite_compare_dir}/compare.js
+    -DJS=${_kelvarnite_compare_js}
+    -DVERSION=${PROJECT_VERSION}
     -DOUT=${KELVARNITE_COMPARE_PAGE}
     -P ${CMAKE_CURRENT_LIST_DIR}/InlinePage.cmake
-  DEPENDS ${_kelvarnite_compare_sources} ${CMAKE_CURRENT_LIST_DIR}/InlinePage.cmake
+  DEPENDS ${_kelvarnite_compare_dir}/compare.html ${_kelvarnite_compare_dir}/compare.css
+    ${_kelvarnite_compare_modules} ${CMAKE_CURRENT_LIST_DIR}/InlinePage.cmake
   COMMENT "Assembling compare.html"
   VERBATIM)
 add_custom_target(kelvarnite_compare_page ALL DEPENDS ${KELVARNITE_COMPARE_PAGE})

@@ -1,11 +1,16 @@
 # Makes one self-contained page: the style sheet and the script that the page names are put in
-# its place, so that the page opens from a folder with nothing beside it.
+# its place, so that the page opens from a folder with nothing beside it, and @PROJECT_VERSION@
+# becomes the project's version.
 #
-#   cmake -DPAGE=<page.html> -DCSS=<style.css> -DJS=<script.js> -DOUT=<out.html> -P InlinePage.cmake
+#   cmake -DPAGE=<page.html> -DCSS=<style.css> -DJS=<a.mjs>,<b.mjs>,... -DVERSION=<version>
+#         -DOUT=<out.html> -P InlinePage.cmake
 #
-# The page must name each of them exactly once, on the lines
-#   <link rel="stylesheet" href="NAME.css">   and   <script src="NAME.js"></script>
-foreach(var PAGE CSS JS OUT)
+# The script is a set of ES modules, given each after those it imports; the page names the last
+# one. A browser does not load modules from file://, so they are joined into one plain script:
+# each module's import lines go, its exports become names of the one scope they share. The page
+# must name the style sheet and the last module exactly once, on the lines
+#   <link rel="stylesheet" href="NAME.css">   and   <script src="NAME.mjs"></script>
+foreach(var PAGE CSS JS VERSION OUT)
   if(NOT DEFINED ${var})
     message(FATAL_ERROR "InlinePage: -D${var}=... is missing")
   endif()
@@ -13,9 +18,22 @@ endforeach()
 
 file(READ "${PAGE}" page)
 file(READ "${CSS}" css)
-file(READ "${JS}" js)
+string(REPLACE "," ";" modules "${JS}")
+set(js "")
+foreach(module IN LISTS modules)
+  file(READ "${module}" text)
+  string(REGEX REPLACE "(^|\n)import [^\n]*;\n" "\\1" text "${text}")
+  string(REGEX REPLACE "(^|\n)export " "\\1" text "${text}")
+  string(REGEX MATCH "(^|\n)(import|export)[ {]" left "${text}")
+  if(left)
+    message(FATAL_ERROR "InlinePage: ${module} has an import or export that is not one line")
+  endif()
+  string(APPEND js "${text}\n")
+endforeach()
+list(GET modules -1 last)
 get_filename_component(css_name "${CSS}" NAME)
-get_filename_component(js_name "${JS}" NAME)
+get_filename_component(js_name "${last}" NAME)
+string(REPLACE "@PROJECT_VERSION@" "${VERSION}" page "${page}")
 
 # A closing tag inside the text would end the inlined element early and spill the rest into
 # the page as text.
@@ -27,7 +45,7 @@ if(NOT at EQUAL -1)
 endif()
 string(FIND "${js_lower}" "</script" at)
 if(NOT at EQUAL -1)
-  message(FATAL_ERROR "InlinePage: ${JS} holds \"</script\", which would end the inlined script early")
+  message(FATAL_ERROR "InlinePage: the script holds \"</script\", which would end the inlined script early")
 endif()
 
 function(inline_once tag replacement)
@@ -41,6 +59,7 @@ function(inline_once tag replacement)
 endfunction()
 
 inline_once("<link rel=\"stylesheet\" href=\"${css_name}\">" "<style>\n${css}</style>")
-inline_once("<script src=\"${js_name}\"></script>" "<script>\n${js}</script>")
+# One scope of its own, so that no name of the script becomes a global of the page.
+inline_once("<script src=\"${js_name}\"></script>" "<script>\n(function () {\n'use strict';\n\n${js}})();\n</script>")
 
 file(WRITE "${OUT}" "${page}")

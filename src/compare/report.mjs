@@ -1,0 +1,149 @@
+// Reads the reports that the program writes: results.html, one table each of Low, Average and
+// High FPS, a row per resolution and a column per level, then the notes of the run.
+
+const FIRST_LINE = '<META GENERATOR=Kelvarnite UT2003 Benchmark>';
+const TABLE_LINE = '<TABLE BORDER=1 CELLPADDING=3 ALIGN=CENTER>';
+export const TABLES = ['Low FPS', 'Average FPS', 'High FPS'].map((title) => ({
+  title,
+  caption: '<CAPTION ALIGN=TOP><B>' + title + '</b></caption>',
+  slug: title.toLowerCase().replace(' ', '-'),
+}));
+// A report of five resolutions and seven levels is under 8 KB; anything this large is some
+// other file, and reading it whole would only stall the page.
+export const MAX_BYTES = 1 << 20;
+const NOT_A_REPORT = 'not a report of Kelvarnite UT2k3 Benchmark (its first line is not "' +
+  FIRST_LINE + '"); not added.';
+
+// The game prints a rate as a plain decimal ("73.534819"), and the report keeps it as text in
+// a field of 10 characters. Ten or more digits without a point can only be the head of a
+// longer number that the field cut, so its value is unknown.
+export function readRate(text) {
+  const rate = text.replace(/ +$/, '');
+  if (rate === '') return { blank: true };
+  if (!/^[0-9]+(\.[0-9]+)?$/.test(rate)) return { odd: rate, why: 'is not a rate' };
+  if (rate.length >= 10 && rate.indexOf('.') < 0) {
+    return { odd: rate, why: 'is not a rate (10 digits with no point: cut from a longer number)' };
+  }
+  return { value: Number(rate), text: rate };
+}
+
+export function listText(items) {
+  return items.length < 2 ? items.join('') :
+    items.slice(0, -1).join(', ') + ' and ' + items[items.length - 1];
+}
+
+// Reads the text of one report. Gives { report, messages }: report is null when the file is no
+// report at all; otherwise it holds every cell read before any damage, and the messages say
+// what was wrong. Rates stay gaps unless they are plain numbers.
+export function parseReport(text) {
+  const lines = text.split(/\r?\n/);
+  if (lines[lines.length - 1] === '') lines.pop();
+  if (lines[0] !== FIRST_LINE) return { report: null, messages: [NOT_A_REPORT] };
+
+  const grids = [];
+  let i = 1;
+  let cut = null;
+  const expect = (line) => {
+    if (lines[i] !== line) throw i;
+    i++;
+  };
+  const cell = () => {
+    if (i >= lines.length || lines[i].slice(0, 4) !== '<TD>') throw i;
+    return lines[i++].slice(4);
+  };
+  for (let t = 0; t < 3 && !cut; t++) {
+    const grid = { levels: [], rows: [] };
+    grids.push(grid);
+    try {
+      expect(TABLE_LINE);
+      expect(TABLES[t].caption);
+      expect('<TR>');
+      expect('<TD>Resolution');
+      while (i < lines.length && lines[i].slice(0, 4) === '<TD>') grid.levels.push(cell());
+      expect('</TR>');
+      while (lines[i] === '<TR>') {
+        i++;
+        const row = { name: cell(), cells: [] };
+        grid.rows.push(row);
+        while (row.cells.length < grid.levels.length) row.cells.push(cell());
+        expect('</TR>');
+      }
+      expect('</TABLE>');
+      while (lines[i] === '<BR>') i++;
+    } catch (at) {
+      if (typeof at !== 'number') throw at;
+      cut = 'the ' + TABLES[t].title + ' table is cut short at line ' + (at + 1) +
+        (at >= lines.length ? ' (end of file)' : ' ("' + lines[at].slice(0, 40) + '")') +
+        '; the rest shows as gaps.';
+    }
+  }
+
+  const run = {};
+  for (; i < lines.length; i++) {
+    const m = /^This test was run using the (.+?) (Option|Rendering Engine|version of Unreal Tournament 2003)$/.exec(lines[i]);
+    if (m) run[m[2][0]] = m[1];
+  }
+
+  // The Low table lays out the report; the others are read against its rows and columns.
+  const messages = [];
+  const layout = grids[0];
+  const levels = [];
+  layout.levels.forEach((field, c) => {
+    let name = field.replace(/ +$/, '');
+    if (name === '') {
+      const rated = grids.some((g) => g.rows.some((r) => c < r.cells.length && !readRate(r.cells[c]).blank));
+      if (!rated) {
+        messages.push('column ' + (c + 1) + ' has no level name and no rates (a run left no record); left out.');
+        return;
+      }
+      name = 'column ' + (c + 1);
+    }
+    if (levels.some((l) => l.name === name)) {
+      messages.push('column ' + (c + 1) + ' repeats the level ' + name + '; the first is kept.');
+      return;
+    }
+    levels.push({ name, c });
+  });
+  const resolutions = [];
+  layout.rows.forEach((row, r) => {
+    if (resolutions.some((x) => x.name === row.name)) {
+      messages.push('row ' + (r + 1) + ' repeats the resolution ' + row.name + '; the first is kept.');
+    } else {
+      resolutions.push({ name: row.name, r });
+    }
+  });
+
+  const values = new Map();
+  for (const res of resolutions) {
+    for (const level of levels) {
+      const rates = [null, null, null];
+      const blank = [];
+      grids.forEach((g, t) => {
+        const row = g.rows[res.r];
+        if (!row || row.name !== res.name || level.c >= row.cells.length ||
+            g.levels[level.c] !== layout.levels[level.c]) return;
+        const rate = readRate(row.cells[level.c]);
+        if (rate.blank) blank.push(TABLES[t].title.replace(' FPS', ''));
+        else if (rate.odd !== undefined) {
+          messages.push('"' + rate.odd + '" for ' + level.name + ' at ' + res.name + ' in ' +
+            TABLES[t].title + ' ' + rate.why + '; shown as a gap.');
+        } else rates[t] = rate;
+      });
+      if (blank.length) {
+        messages.push('no rate for ' + level.name + ' at ' + res.name + ' in ' + listText(blank) +
+          ' FPS (a run left no record); shown as gaps.');
+      }
+      values.set(res.name + '\n' + level.name, rates);
+    }
+  }
+  if (cut) messages.push(cut);
+  return {
+    report: {
+      resolutions: resolutions.map((x) => x.name),
+      levels: levels.map((x) => x.name),
+      values,
+      run: [run.O, run.R, run.v].filter(Boolean).join(' · '),
+    },
+    messages,
+  };
+}

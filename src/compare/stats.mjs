@@ -1,0 +1,69 @@
+// The numbers behind the charts and tables: series of one name as the repeats of a run, the
+// pairs of resolution and level that any series has, and each group's figures for a pair.
+
+// Series that share a name are one group: the repeats of a run.
+export function groupsOf(series) {
+  const groups = [];
+  const byName = new Map();
+  for (const s of series) {
+    let g = byName.get(s.name);
+    if (!g) {
+      g = { name: s.name, members: [], index: groups.length };
+      byName.set(s.name, g);
+      groups.push(g);
+    }
+    g.members.push(s);
+  }
+  return groups;
+}
+
+export function pixels(res) {
+  const m = /^(\d+)x(\d+)$/.exec(res);
+  return m ? Number(m[1]) * Number(m[2]) : Infinity;
+}
+
+// Every resolution and level pair that any series has: resolutions by their size, levels in
+// the order the series bring them in.
+export function keysOf(series) {
+  const resolutions = [];
+  const levels = [];
+  const have = new Set();
+  for (const s of series) {
+    for (const r of s.report.resolutions) if (resolutions.indexOf(r) < 0) resolutions.push(r);
+    for (const l of s.report.levels) if (levels.indexOf(l) < 0) levels.push(l);
+    for (const k of s.report.values.keys()) have.add(k);
+  }
+  const order = resolutions.map((r, i) => ({ r, i })).sort((a, b) => (pixels(a.r) - pixels(b.r)) || (a.i - b.i));
+  const keys = [];
+  for (const { r } of order) {
+    for (const l of levels) if (have.has(r + '\n' + l)) keys.push({ id: r + '\n' + l, res: r, level: l });
+  }
+  return keys;
+}
+
+export function statsOf(group, key, t) {
+  let n = 0;
+  let sum = 0;
+  let min = Infinity;
+  let max = -Infinity;
+  for (const s of group.members) {
+    const rates = s.report.values.get(key.id);
+    const rate = rates && rates[t];
+    if (!rate) continue;
+    n++;
+    sum += rate.value;
+    min = Math.min(min, rate.value);
+    max = Math.max(max, rate.value);
+  }
+  return n ? { n, mean: sum / n, min, max } : null;
+}
+
+// The group of the chosen name, or the first where none has it.
+export function baselineOf(groups, name) {
+  return groups.find((g) => g.name === name) || groups[0];
+}
+
+export function difference(st, base) {
+  if (!st || !base || base.mean === 0) return null;
+  return (st.mean - base.mean) / base.mean * 100;
+}

@@ -1,0 +1,56 @@
+// The tables of numbers under the charts, and the same numbers as CSV.
+
+import { TABLES } from './report.mjs';
+import { esc, fps, percent } from './markup.mjs';
+import { difference } from './stats.mjs';
+
+export function tableHtml(t, groups, keys, stats, base) {
+  const head = groups.map((g) => '<th scope="col">' + esc(g.name) +
+    (g === base ? ' <span class="base">(baseline)</span>' : '') + '</th>').join('');
+  const rows = keys.map((key, k) => {
+    const b = stats[k][base.index];
+    return '<tr><th scope="row">' + esc(key.res) + '</th><th scope="row">' + esc(key.level) + '</th>' +
+      groups.map((g, i) => {
+        const st = stats[k][i];
+        if (!st) return '<td class="gap">no rate</td>';
+        const d = g === base ? null : difference(st, b);
+        // Plain text in lines: a table of 50 series has thousands of these cells, and each
+        // element in them costs parse and layout time.
+        return '<td>' + fps(st.mean) + (d === null ? '' : ' <br>' + percent(d)) +
+          (g.members.length > 1 ? ' <br>spread ' + fps(st.max - st.min) + ', n ' + st.n : '') + '</td>';
+      }).join('') + '</tr>';
+  }).join('');
+  return '<div class="scroll" tabindex="0" role="region" aria-label="' + esc(TABLES[t].title) + ' table">' +
+    // Columns of fixed width: the browser then lays out a table of 50 series without
+    // measuring each of its thousands of cells first.
+    '<table class="numbers" id="table-' + TABLES[t].slug + '" style="width:' + (17.5 + 10.5 * groups.length) + 'em">' +
+    '<colgroup><col class="res"><col class="level"><col span="' + groups.length + '" class="val"></colgroup><caption>' + esc(TABLES[t].title) +
+    ': mean frames per second, the difference in per cent against ' + esc(base.name) +
+    ', and for repeats the spread (highest less lowest) and the count</caption>' +
+    '<thead><tr><th scope="col">Resolution</th><th scope="col">Level</th>' + head + '</tr></thead>' +
+    '<tbody>' + rows + '</tbody></table></div>';
+}
+
+export function csvField(text) {
+  return /[",\r\n]/.test(text) ? '"' + text.replace(/"/g, '""') + '"' : text;
+}
+
+// One line per table, pair and group, so that a spreadsheet can filter and pivot it; the
+// byte-order mark makes spreadsheet programs on Windows read the names as UTF-8.
+export function csvText(view) {
+  const { groups, keys, base, all } = view;
+  const lines = [['Table', 'Resolution', 'Level', 'Series', 'Mean', 'Min', 'Max', 'Spread', 'Count',
+    'Difference % against ' + base.name].map(csvField).join(',')];
+  all.forEach((stats, t) => {
+    keys.forEach((key, k) => {
+      groups.forEach((g, i) => {
+        const st = stats[k][i];
+        const d = g === base ? null : difference(st, stats[k][base.index]);
+        lines.push([TABLES[t].title, key.res, key.level, g.name].map(csvField).concat(st
+          ? [st.mean.toFixed(6), st.min.toFixed(6), st.max.toFixed(6), (st.max - st.min).toFixed(6), String(st.n)]
+          : ['', '', '', '', '0'], [d === null ? '' : d.toFixed(2)]).join(','));
+      });
+    });
+  });
+  return '\ufeff' + lines.join('\r\n') + '\r\n';
+}
