@@ -182,6 +182,15 @@ void AnswerBox(const std::string& title, const std::string& text, bool criticalI
     Fail("box \"" + seenTitle + "\": \"" + seenText + "\"" + (seenIcon ? " with an icon" : "") +
          ", expected \"" + title + "\": \"" + text + "\"" + (criticalIcon ? " with an icon" : ""));
   }
+  // While the box is open no window of the program takes input, so no second test can start
+  // inside the wait of the first.
+  std::vector<HWND> windows;
+  ::EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
+  for (HWND window : windows) {
+    if (window != box && OfProgram(window) && ::IsWindowVisible(window) && ::IsWindowEnabled(window)) {
+      Fail("the window \"" + TextOf(window) + "\" takes input under the box \"" + seenTitle + "\"");
+    }
+  }
   ::PostMessageW(FindChild(box, L"Button", IDOK), BM_CLICK, 0, 0);
   AwaitTrue("the box to close", [&] { return !::IsWindow(box); });
 }
