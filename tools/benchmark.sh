@@ -29,6 +29,7 @@ while [[ $# -gt 0 ]]; do
 done
 
 tools/install-deps.sh test
+# shellcheck source=tools/wine-lib.sh
 source tools/wine-lib.sh
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/kelvarnite-benchmark.XXXXXX")
@@ -155,6 +156,7 @@ for records in 35 1000 100000; do
 done
 # Linear growth keeps the time per record flat from 10^3 to 10^5 records; a cost that grew
 # with the square of the log would multiply it by about 33.
+# shellcheck disable=SC2154  # per_record_<records> are set by the loop above
 ratio=$(calc "\"%.2f\", $per_record_100000 / $per_record_1000")
 row "   time per record, 32767 against 10^3" "$(calc "\"%.0f ns\", $per_record_100000 * 1e9")" \
   "$(calc "\"%.0f ns\", $per_record_1000 * 1e9")" "${ratio}x" "<= 1.5x" "$(holds "$ratio <= 1.5")"

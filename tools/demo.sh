@@ -35,6 +35,7 @@ ctest --preset e2e -R '^package\.unpack$' >/dev/null
 program=$(echo "$PWD"/build/mingw-i686/release/*/)
 echo "   the release zip, unpacked in $program"
 
+# shellcheck source=tools/wine-lib.sh
 source tools/wine-lib.sh
 echo "== 3/4 Laying out the game, the demo and the program in $demo/prefix (about 30 s)"
 if [[ $headless -eq 0 ]]; then

@@ -14,8 +14,8 @@
 set -euo pipefail
 
 need=${1:-test}
-demo_packages=(cmake ninja-build g++ mingw-w64 wine wine64 xvfb imagemagick unzip)
-test_packages=(libgtest-dev libbenchmark-dev clang libclang-rt-14-dev chromium nodejs npm)
+demo_packages=(cmake ninja-build g++ mingw-w64 wine wine64 xvfb imagemagick unzip python3)
+test_packages=(libgtest-dev libbenchmark-dev clang libclang-rt-14-dev chromium nodejs npm shellcheck)
 packages=("${demo_packages[@]}")
 [[ $need == demo ]] || packages+=("${test_packages[@]}")
 
@@ -64,11 +64,12 @@ if ! installed wine32:i386; then
     # The machine's sources less every security suite: one-line lists lose those lines,
     # deb822 files those paragraphs.
     for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
-      [[ -f $file ]] && grep -v -e '-security' "$file" >"$parts/$(basename "$file").list" || true
+      if [[ -f $file ]]; then grep -v -e '-security' "$file" >"$parts/$(basename "$file").list" || true; fi
     done
     for file in /etc/apt/sources.list.d/*.sources; do
-      [[ -f $file ]] && awk -v RS= -v ORS='\n\n' '!/Suites:[^\n]*-security/' "$file" \
-        >"$parts/$(basename "$file")" || true
+      if [[ -f $file ]]; then
+        awk -v RS= -v ORS='\n\n' '!/Suites:[^\n]*-security/' "$file" >"$parts/$(basename "$file")"
+      fi
     done
     main=(-o "Dir::Etc::SourceParts=$parts" -o Dir::Etc::SourceList=/dev/null)
     update "${main[@]}"
@@ -76,7 +77,7 @@ if ! installed wine32:i386; then
     # i386 half has in the main suite; wine64 and libwine are asked for as they are.
     request=(wine32:i386 wine64 libwine)
     plan=$(apt_get "${main[@]}" -s install wine32:i386 2>&1 || true)
-    for package in $(awk '/^Remv / { print $2 }' <<<"$plan"); do
+    while read -r package; do
       package=${package%:amd64}
       [[ $package == wine64 || $package == libwine ]] && continue
       version=$(apt-cache "${main[@]}" policy "$package:i386" | awk '/Candidate:/ { print $2 }')
@@ -85,7 +86,7 @@ if ! installed wine32:i386; then
         exit 1
       fi
       request+=("$package=$version")
-    done
+    done < <(awk '/^Remv / { print $2 }' <<<"$plan")
     plan=$(apt_get "${main[@]}" --allow-downgrades -s install "${request[@]}" 2>&1 || true)
     if ! grep -q '^Inst wine32:i386' <<<"$plan" || grep -q '^Remv' <<<"$plan"; then
       say "32-bit Wine would still remove packages, or does not resolve; stopping:" >&2

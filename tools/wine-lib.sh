@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Wine and Xvfb for the demo, the end-to-end tests and the benchmarks, sourced by each.
 #
 # A prefix of the project's own holds the program in a folder with blanks, and a full game and
@@ -26,7 +27,8 @@ start_xvfb() {
     sleep 0.1
   done
   [[ -s $display_file ]] || { echo "Xvfb did not start" >&2; return 1; }
-  export DISPLAY=":$(tr -d '\n' <"$display_file")"
+  DISPLAY=":$(tr -d '\n' <"$display_file")"
+  export DISPLAY
   rm -f "$display_file"
 }
 
@@ -82,7 +84,8 @@ make_prefix() {
     cp -r "$game"/. "$(drive_c "$folder")"
   done
 
-  local game_keys="[HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003]
+  local game_keys
+  game_keys="[HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003]
 \"Folder\"=\"$(reg_text "$FULL_FOLDER")\"
 
 [HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003Demo]
@@ -119,10 +122,10 @@ make_prefix() {
 
 "
   fi
-  import_keys 32 "$game_keys$shared_keys" && import_keys 64 "$shared_keys$desktop_keys" || {
+  if ! import_keys 32 "$game_keys$shared_keys" || ! import_keys 64 "$shared_keys$desktop_keys"; then
     echo "make_prefix: the registry keys could not be written" >&2
     return 1
-  }
+  fi
   # The registry reaches its files when the server ends; a copy of the prefix needs them.
   wineserver -w
 }

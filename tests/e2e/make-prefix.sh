@@ -4,6 +4,7 @@
 #
 #   make-prefix.sh <prefix> <unpacked release folder> <stand-in game folder> <driver folder>
 set -euo pipefail
+# shellcheck source=tools/wine-lib.sh
 source "$(dirname "$0")/../../tools/wine-lib.sh"
 trap stop_xvfb EXIT
 start_xvfb

@@ -9,6 +9,7 @@
 # folder instead of compared, and its pictures of the windows go to docs/screenshots/.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
+# shellcheck source=tools/wine-lib.sh
 source "$here/../../tools/wine-lib.sh"
 base=$1 golden=$2 name=$3
 

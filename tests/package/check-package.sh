@@ -12,8 +12,13 @@ cmp "$folder/KelvarniteUT2k3Benchmark.exe" "$built"
 # The exe asks for no execution level, so Windows keeps the file virtualisation under Program
 # Files that both guides warn of when they say where to unpack the program.
 exe=$folder/KelvarniteUT2k3Benchmark.exe
-grep -q 'assemblyIdentity type="win32" name="Kelvarnite.UT2k3Benchmark"' "$exe" && ! grep -q requestedExecutionLevel "$exe" ||
-  { echo "the exe's manifest is missing or asks for an execution level" >&2; exit 1; }
-grep -q VirtualStore "$folder/README.txt" && grep -q VirtualStore "$folder/help.html" ||
-  { echo "a guide no longer says where to unpack the program, away from the VirtualStore" >&2; exit 1; }
+if ! grep -q 'assemblyIdentity type="win32" name="Kelvarnite.UT2k3Benchmark"' "$exe" ||
+  grep -q requestedExecutionLevel "$exe"; then
+  echo "the exe's manifest is missing or asks for an execution level" >&2
+  exit 1
+fi
+if ! grep -q VirtualStore "$folder/README.txt" || ! grep -q VirtualStore "$folder/help.html"; then
+  echo "a guide no longer says where to unpack the program, away from the VirtualStore" >&2
+  exit 1
+fi
 echo "the package holds the program folder"
