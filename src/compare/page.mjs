@@ -7,6 +7,7 @@ import { groupsOf, keysOf, statsOf, baselineOf } from './stats.mjs';
 import { esc } from './markup.mjs';
 import { colour, chartSvg, barTitle } from './charts.mjs';
 import { tableHtml, csvText } from './tables.mjs';
+import { summaryOf, summaryHtml } from './summary.mjs';
 
 // ---- State -------------------------------------------------------------------------------
 
@@ -65,7 +66,7 @@ function render() {
       esc(g.name) + '</option>').join('');
     const all = TABLES.map((_, t) => keys.map((key) => groups.map((g) => statsOf(g, key, t))));
     view = { groups, keys, base, all };
-    $('results').innerHTML = TABLES.map((table, t) => '<section class="measure" aria-labelledby="h-' + table.slug +
+    $('results').innerHTML = summaryHtml(summaryOf(groups, keys, all[1], base), base) + TABLES.map((table, t) => '<section class="measure" aria-labelledby="h-' + table.slug +
       '"><h2 id="h-' + table.slug + '">' + esc(table.title) + '</h2><figure><div class="chart" data-t="' + t +
       '" id="chart-box-' + table.slug + '"></div><figcaption>' + esc(table.title) + ' of each series, by resolution and level. Where a series has no rate ' +
       'the bar is left out. <span class="no-print"><button type="button" data-kind="png" data-t="' + t +

@@ -51,6 +51,7 @@ const look = () => ({
     head: [...t.tHead.rows[0].cells].map((c) => c.textContent),
     rows: [...t.tBodies[0].rows].map((r) => [...r.cells].map((c) => c.textContent)),
   }])),
+  summary: [...document.querySelectorAll('#summary tbody tr')].map((r) => [...r.cells].map((c) => c.textContent)),
   swatches: [...document.querySelectorAll('#series .swatch')].map((e) => getComputedStyle(e).backgroundColor),
   charts: [...document.querySelectorAll('.chart svg')].map((svg) => ({
     bars: [...svg.querySelectorAll('rect.bar')].map((r) => ({ k: +r.dataset.k, g: +r.dataset.g, x: +r.getAttribute('x'), w: +r.getAttribute('width'), fill: getComputedStyle(r).fill })),
@@ -62,6 +63,9 @@ const look = () => ({
 for (const c of cases) {
   test(c.name, async () => {
     const page = await browser.newPage({ acceptDownloads: true });
+    // In the mutation run the page carries every mutant, and this names the one switched on.
+    const mutant = process.env.__STRYKER_ACTIVE_MUTANT__;
+    if (mutant) await page.addInitScript((m) => { globalThis.__stryker__ = { activeMutant: m }; }, mutant);
     const errors = [];
     page.on('pageerror', (e) => errors.push(e.message));
     page.on('request', (r) => /^(file|blob|data):/.test(r.url()) || errors.push('request ' + r.url()));
@@ -84,6 +88,7 @@ for (const c of cases) {
 
     assert.deepEqual(seen.messages, c.messages);
     if (c.series) assert.deepEqual(seen.series, c.series);
+    if (c.summary) assert.deepEqual(seen.summary, c.summary);
     const low = seen.tables['low-fps'];
     if (c.head) assert.deepEqual(low.head, c.head);
     if (c.column) assert.deepEqual(low.rows.map((r) => r[0]), c.column);

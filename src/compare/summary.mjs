@@ -1,0 +1,42 @@
+// The summary above the charts: for each series the geometric mean of its Average FPS over the
+// levels, at each resolution and over all, its difference against the baseline, and its rank.
+
+import { esc, fps, percent } from './markup.mjs';
+import { geometricMean } from './inference.mjs';
+
+// The rows, ranked. A series is compared with the baseline like for like, over the
+// pairs of resolution and level that both have, so that a gap on one side moves no number.
+export function summaryOf(groups, keys, averages, base) {
+  const resolutions = [...new Set(keys.map((k) => k.res))];
+  const mean = (i, res, pairs = keys.map((_, k) => k)) => geometricMean(pairs
+    .filter((k) => res === undefined || keys[k].res === res)
+    .map((k) => (averages[k][i] ? averages[k][i].mean : null)));
+  const rows = groups.map((g, i) => {
+    const common = keys.map((_, k) => k).filter((k) => averages[k][i] && averages[k][base.index]);
+    const own = mean(i, undefined, common);
+    const theirs = mean(base.index, undefined, common);
+    return {
+      g, overall: mean(i), byRes: resolutions.map((res) => mean(i, res)),
+      difference: g === base || own === null ? null : (own - theirs) / theirs * 100,
+    };
+  });
+  // Ranked by that difference, which compares like for like; the baseline's is none.
+  const rankOf = (r) => (r.g === base ? 0 : r.difference === null ? -Infinity : r.difference);
+  rows.sort((a, b) => rankOf(b) - rankOf(a));
+  return { resolutions, rows };
+}
+
+export function summaryHtml(summary, base) {
+  const cell = (v) => (v === null ? '<td class="gap">no rate</td>' : '<td>' + fps(v) + '</td>');
+  const head = ['Rank', 'Series', 'All resolutions'].concat(summary.resolutions, ['Against ' + base.name]);
+  return '<section class="summary" aria-labelledby="h-summary"><h2 id="h-summary">Summary</h2>' +
+    '<div class="scroll" tabindex="0" role="region" aria-label="Summary table"><table id="summary">' +
+    '<caption>Geometric mean of Average FPS over the levels; the series are ranked by their difference in ' +
+    'per cent against the baseline, taken over the pairs of resolution and level that both have</caption>' +
+    '<thead><tr>' + head.map((h) => '<th scope="col">' + esc(h) + '</th>').join('') + '</tr></thead><tbody>' +
+    summary.rows.map((r, rank) => '<tr><td>' + (rank + 1) + '</td><th scope="row">' + esc(r.g.name) + '</th>' +
+      cell(r.overall) + r.byRes.map(cell).join('') +
+      '<td>' + (r.g === base ? 'baseline' : r.difference === null ? 'nothing in common' : percent(r.difference)) +
+      '</td></tr>').join('') +
+    '</tbody></table></div></section>';
+}
