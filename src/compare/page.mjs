@@ -190,6 +190,7 @@ function remove(id) {
 }
 
 function init() {
+  $('old-browser').remove();
   $('add').addEventListener('change', (e) => {
     const input = e.target;
     addFiles(input.files).then(() => { input.value = ''; });

@@ -32,6 +32,13 @@ before(async () => {
 });
 after(() => browser && browser.close());
 
+test('a browser that cannot run the script says so and what opens the page', async () => {
+  const page = await browser.newPage({ javaScriptEnabled: false });
+  await page.goto('file://' + PAGE);
+  assert.match(await page.textContent('#old-browser'), /This browser cannot run this page\. .* another computer/s);
+  await page.close();
+});
+
 async function drawn(page, act) {
   const n = await page.evaluate(() => Number(document.body.dataset.drawn));
   await act();
@@ -145,6 +152,7 @@ for (const c of cases) {
       const svgWidth = Number(svg.bytes.toString().match(/width="(\d+)"/)[1]);
       assert.equal(png.bytes.readUInt32BE(16), svgWidth * 2, 'the PNG is drawn at twice the size');
     }
+    assert.equal(await page.$('#old-browser'), null, 'a browser that runs the script shows no warning');
     assert.deepEqual(errors, []);
     await page.close();
   });
