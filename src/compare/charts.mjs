@@ -1,7 +1,9 @@
 // The charts: one grouped bar chart per table, drawn as SVG text.
 
 import { TABLES, listText } from './report.mjs';
-import { esc, fps } from './markup.mjs';
+import { esc, fps, percent } from './markup.mjs';
+import { difference } from './stats.mjs';
+import { unsteady, verdict } from './inference.mjs';
 
 export const PALETTE = ['#0072b2', '#e69f00', '#009e73', '#cc79a7', '#56b4e9', '#d55e00', '#444444', '#8c6d1f'];
 export function colour(i) {
@@ -15,10 +17,15 @@ export function niceStep(max) {
   return (m <= 1 ? 1 : m <= 2 ? 2 : m <= 5 ? 5 : 10) * p;
 }
 
-export function barTitle(g, key, st) {
+// A bar's tool tip: the rate, for repeats their interval and spread, and the difference against
+// the baseline's bar (base, absent for the baseline itself) with its verdict.
+export function barTitle(g, key, st, base) {
+  const d = base ? difference(st, base) : null;
   return g.name + ', ' + key.level + ' at ' + key.res + ': ' + (st.n > 1
-    ? 'mean ' + fps(st.mean) + ' FPS of ' + st.n + ', ' + fps(st.min) + ' to ' + fps(st.max)
-    : fps(st.mean) + ' FPS');
+    ? 'mean ' + fps(st.mean) + ' FPS of ' + st.n + (st.half === null ? '' : ' ±' + fps(st.half) + ' (95 %)') +
+      ', ' + fps(st.min) + ' to ' + fps(st.max) + (unsteady(st) ? ', unsteady: run it again' : '')
+    : fps(st.mean) + ' FPS') +
+    (d === null ? '' : '; ' + percent(d) + ' against the baseline (' + verdict(st, base) + ')');
 }
 
 // A grouped bar chart drawn as SVG text: the pairs of resolution and level down the side, one
@@ -26,7 +33,7 @@ export function barTitle(g, key, st) {
 // and the chart grows downwards, the way a page scrolls and prints. With titles, each bar
 // carries its tool tip, for the downloaded picture; on the page a bar's tool tip is made when
 // the pointer first comes to it, since thousands of titles made up front slow the drawing.
-export function chartSvg(t, groups, keys, stats, width, titles) {
+export function chartSvg(t, groups, keys, stats, width, titles, base) {
   const title = TABLES[t].title;
   const nG = groups.length;
   const barH = Math.max(3, Math.min(16, Math.floor(96 / nG)));
@@ -80,7 +87,7 @@ export function chartSvg(t, groups, keys, stats, width, titles) {
       const w = Math.max(1, x(st.mean) - left);
       body.push('<rect class="bar" data-g="' + i + '" data-k="' + k + '" x="' + left + '" y="' + by +
         '" width="' + w.toFixed(2) + '" height="' + (barH - 1) + '" fill="' + colour(i) + '"' +
-        (titles ? '><title>' + esc(barTitle(g, key, st)) + '</title></rect>' : '/>'));
+        (titles ? '><title>' + esc(barTitle(g, key, st, base && g !== base ? stats[k][base.index] : null)) + '</title></rect>' : '/>'));
       let end = left + w;
       if (st.n > 1) {
         const a = x(st.min).toFixed(2);

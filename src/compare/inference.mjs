@@ -68,8 +68,10 @@ export function describe(values) {
   return { n, mean, sd, half: studentQuantile(0.975, n - 1) * sd / Math.sqrt(n), rsd: sd / mean };
 }
 
-// Repeats that vary by more than this, relative to their mean, are too unsteady to trust.
-export const UNSTEADY_RSD = 0.03;
+// Repeats that vary by more than 3 % of their mean are too unsteady to trust.
+export function unsteady(st) {
+  return st.rsd !== null && st.rsd > 0.03;
+}
 
 // Welch's t-test of two sets of repeats: t, its degrees of freedom and the two-sided p.
 export function welch(a, b) {

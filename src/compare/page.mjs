@@ -143,7 +143,7 @@ function download(name, blob) {
 }
 
 function downloadChart(t, kind) {
-  const svg = chartSvg(t, view.groups, view.keys, view.all[t], view.width, true);
+  const svg = chartSvg(t, view.groups, view.keys, view.all[t], view.width, true, view.base);
   const name = 'compare-' + TABLES[t].slug;
   const blob = new Blob(['<?xml version="1.0" encoding="UTF-8"?>\n' + svg + '\n'], { type: 'image/svg+xml' });
   if (kind === 'svg') return download(name + '.svg', blob);
@@ -229,7 +229,8 @@ function init() {
     const g = Number(bar.dataset.g);
     const t = Number(bar.closest('.chart').dataset.t);
     const title = document.createElementNS('http://www.w3.org/2000/svg', 'title');
-    title.textContent = barTitle(view.groups[g], view.keys[k], view.all[t][k][g]);
+    const base = view.groups[g] === view.base ? null : view.all[t][k][view.base.index];
+    title.textContent = barTitle(view.groups[g], view.keys[k], view.all[t][k][g], base);
     bar.appendChild(title);
   });
   $('baseline').addEventListener('change', (e) => {

@@ -1,6 +1,8 @@
 // The numbers behind the charts and tables: series of one name as the repeats of a run, the
 // pairs of resolution and level that any series has, and each group's figures for a pair.
 
+import { describe } from './inference.mjs';
+
 // Series that share a name are one group: the repeats of a run.
 export function groupsOf(series) {
   const groups = [];
@@ -41,21 +43,16 @@ export function keysOf(series) {
   return keys;
 }
 
+// A group's figures for a pair in one table: the count, mean, lowest and highest of the rates
+// its series have there, and what the repeats say (standard deviation, interval, spread).
 export function statsOf(group, key, t) {
-  let n = 0;
-  let sum = 0;
-  let min = Infinity;
-  let max = -Infinity;
+  const values = [];
   for (const s of group.members) {
     const rates = s.report.values.get(key.id);
-    const rate = rates && rates[t];
-    if (!rate) continue;
-    n++;
-    sum += rate.value;
-    min = Math.min(min, rate.value);
-    max = Math.max(max, rate.value);
+    if (rates && rates[t]) values.push(rates[t].value);
   }
-  return n ? { n, mean: sum / n, min, max } : null;
+  if (!values.length) return null;
+  return { ...describe(values), min: Math.min(...values), max: Math.max(...values) };
 }
 
 // The group of the chosen name, or the first where none has it.

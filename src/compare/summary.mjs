@@ -2,7 +2,7 @@
 // levels, at each resolution and over all, its difference against the baseline, and its rank.
 
 import { esc, fps, percent } from './markup.mjs';
-import { geometricMean } from './inference.mjs';
+import { geometricMean, unsteady } from './inference.mjs';
 
 // The rows, ranked. A series is compared with the baseline like for like, over the
 // pairs of resolution and level that both have, so that a gap on one side moves no number.
@@ -15,8 +15,11 @@ export function summaryOf(groups, keys, averages, base) {
     const common = keys.map((_, k) => k).filter((k) => averages[k][i] && averages[k][base.index]);
     const own = mean(i, undefined, common);
     const theirs = mean(base.index, undefined, common);
+    const figures = keys.map((_, k) => averages[k][i]).filter(Boolean);
     return {
       g, overall: mean(i), byRes: resolutions.map((res) => mean(i, res)),
+      repeats: figures.some(unsteady) ? 'unsteady: run it again'
+        : figures.some((st) => st.n > 1) ? 'steady' : 'one run',
       difference: g === base || own === null ? null : (own - theirs) / theirs * 100,
     };
   });
@@ -28,15 +31,16 @@ export function summaryOf(groups, keys, averages, base) {
 
 export function summaryHtml(summary, base) {
   const cell = (v) => (v === null ? '<td class="gap">no rate</td>' : '<td>' + fps(v) + '</td>');
-  const head = ['Rank', 'Series', 'All resolutions'].concat(summary.resolutions, ['Against ' + base.name]);
+  const head = ['Rank', 'Series', 'All resolutions'].concat(summary.resolutions, ['Against ' + base.name, 'Repeats']);
   return '<section class="summary" aria-labelledby="h-summary"><h2 id="h-summary">Summary</h2>' +
     '<div class="scroll" tabindex="0" role="region" aria-label="Summary table"><table id="summary">' +
     '<caption>Geometric mean of Average FPS over the levels; the series are ranked by their difference in ' +
-    'per cent against the baseline, taken over the pairs of resolution and level that both have</caption>' +
+    'per cent against the baseline, taken over the pairs of resolution and level that both have; repeats that ' +
+    'vary by more than 3 % at any pair are unsteady</caption>' +
     '<thead><tr>' + head.map((h) => '<th scope="col">' + esc(h) + '</th>').join('') + '</tr></thead><tbody>' +
     summary.rows.map((r, rank) => '<tr><td>' + (rank + 1) + '</td><th scope="row">' + esc(r.g.name) + '</th>' +
       cell(r.overall) + r.byRes.map(cell).join('') +
       '<td>' + (r.g === base ? 'baseline' : r.difference === null ? 'nothing in common' : percent(r.difference)) +
-      '</td></tr>').join('') +
+      '</td><td>' + r.repeats + '</td></tr>').join('') +
     '</tbody></table></div></section>';
 }

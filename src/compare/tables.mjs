@@ -3,6 +3,7 @@
 import { TABLES } from './report.mjs';
 import { esc, fps, percent } from './markup.mjs';
 import { difference } from './stats.mjs';
+import { unsteady, verdict } from './inference.mjs';
 
 export function tableHtml(t, groups, keys, stats, base) {
   const head = groups.map((g) => '<th scope="col">' + esc(g.name) +
@@ -16,8 +17,12 @@ export function tableHtml(t, groups, keys, stats, base) {
         const d = g === base ? null : difference(st, b);
         // Plain text in lines: a table of 50 series has thousands of these cells, and each
         // element in them costs parse and layout time.
-        return '<td>' + fps(st.mean) + (d === null ? '' : ' <br>' + percent(d)) +
-          (g.members.length > 1 ? ' <br>spread ' + fps(st.max - st.min) + ', n ' + st.n : '') + '</td>';
+        const lines = [fps(st.mean) + (st.half === null ? '' : ' ±' + fps(st.half))];
+        if (d !== null) lines.push(percent(d) + ' (' + verdict(st, b) + ')');
+        if (g.members.length > 1) {
+          lines.push('sd ' + (st.sd === null ? '–' : fps(st.sd)) + ', n ' + st.n + (unsteady(st) ? ', unsteady' : ''));
+        }
+        return (unsteady(st) ? '<td class="unsteady">' : '<td>') + lines.join(' <br>') + '</td>';
       }).join('') + '</tr>';
   }).join('');
   return '<div class="scroll" tabindex="0" role="region" aria-label="' + esc(TABLES[t].title) + ' table">' +
@@ -25,8 +30,9 @@ export function tableHtml(t, groups, keys, stats, base) {
     // measuring each of its thousands of cells first.
     '<table class="numbers" id="table-' + TABLES[t].slug + '" style="width:' + (17.5 + 10.5 * groups.length) + 'em">' +
     '<colgroup><col class="res"><col class="level"><col span="' + groups.length + '" class="val"></colgroup><caption>' + esc(TABLES[t].title) +
-    ': mean frames per second, the difference in per cent against ' + esc(base.name) +
-    ', and for repeats the spread (highest less lowest) and the count</caption>' +
+    ': mean frames per second, for repeats ± the half width of its 95 % interval; the difference in per cent ' +
+    'against ' + esc(base.name) + ' and whether it is real (Welch\'s t-test at 5 %); for repeats the standard ' +
+    'deviation and the count, and "unsteady" where they vary by more than 3 %: run that series again</caption>' +
     '<thead><tr><th scope="col">Resolution</th><th scope="col">Level</th>' + head + '</tr></thead>' +
     '<tbody>' + rows + '</tbody></table></div>';
 }
@@ -40,15 +46,20 @@ export function csvField(text) {
 export function csvText(view) {
   const { groups, keys, base, all } = view;
   const lines = [['Table', 'Resolution', 'Level', 'Series', 'Mean', 'Min', 'Max', 'Spread', 'Count',
-    'Difference % against ' + base.name].map(csvField).join(',')];
+    'Difference % against ' + base.name, 'SD', '95 % interval low', '95 % interval high', 'Verdict',
+    'Unsteady'].map(csvField).join(',')];
   all.forEach((stats, t) => {
     keys.forEach((key, k) => {
       groups.forEach((g, i) => {
         const st = stats[k][i];
-        const d = g === base ? null : difference(st, stats[k][base.index]);
+        const b = stats[k][base.index];
+        const d = g === base ? null : difference(st, b);
+        const repeats = st && st.half !== null;
         lines.push([TABLES[t].title, key.res, key.level, g.name].map(csvField).concat(st
           ? [st.mean.toFixed(6), st.min.toFixed(6), st.max.toFixed(6), (st.max - st.min).toFixed(6), String(st.n)]
-          : ['', '', '', '', '0'], [d === null ? '' : d.toFixed(2)]).join(','));
+          : ['', '', '', '', '0'], [d === null ? '' : d.toFixed(2)],
+        repeats ? [st.sd.toFixed(6), (st.mean - st.half).toFixed(6), (st.mean + st.half).toFixed(6)] : ['', '', ''],
+        [d === null ? '' : verdict(st, b), st && unsteady(st) ? 'unsteady' : '']).join(','));
       });
     });
   });
