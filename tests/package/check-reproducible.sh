@@ -6,39 +6,25 @@
 #
 #   check-reproducible.sh <source folder> <first build folder> <package name>
 set -euo pipefail
-source=$1 first=$2 name=$3
-work=$(mktemp -d)
+source=$1 first=$2 name=$3 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-
-copy=$work/elsewhere/kelvarnite
-mkdir -p "$copy"
-tar -C "$source" --exclude=./build --exclude=./out --exclude=./tests/browser/node_modules -cf - . |
-  tar -C "$copy" -xf -
-(
-  cd "$copy"
-  umask 077
-  export TZ=Pacific/Kiritimati
-  unset SOURCE_DATE_EPOCH
-  cmake --preset mingw-i686 -B "$work/second" -DKELVARNITE_TESTS=OFF >"$work/log" 2>&1 &&
-    cmake --build "$work/second" --target package >>"$work/log" 2>&1
-) || { cat "$work/log"; echo "the second build failed" >&2; exit 1; }
-
-# One line per zip entry: its name, time, permissions and the CRC of its contents.
+mkdir -p "$work/elsewhere/kelvarnite"
+tar -C "$source" --exclude=./build --exclude=./out --exclude=node_modules -cf - . | tar -C "$work/elsewhere/kelvarnite" -xf -
+if ! (cd "$work/elsewhere/kelvarnite" && umask 077 && unset SOURCE_DATE_EPOCH && export TZ=Pacific/Kiritimati &&
+  cmake --preset mingw-i686 -B "$work/second" -DKELVARNITE_TESTS=OFF && cmake --build "$work/second" --target package) >"$work/log" 2>&1; then
+  cat "$work/log"; echo "the second build failed" >&2; exit 1
+fi
+# A line per zip entry: its name, time, permissions, the CRC of its contents and its extra fields.
 entries() {
   python3 -c 'import sys, zipfile
-for i in zipfile.ZipFile(sys.argv[1]).infolist():
-    print(i.filename, i.date_time, oct(i.external_attr >> 16), "%08x" % i.CRC, i.extra.hex())' "$1"
+for i in zipfile.ZipFile(sys.argv[1]).infolist(): print(i.filename, i.date_time, oct(i.external_attr >> 16), "%08x" % i.CRC, i.extra.hex())' "$1"
 }
-
 status=0
 for file in KelvarniteUT2k3Benchmark.exe "$name.zip" "$name.zip.sha256"; do
-  if ! cmp "$first/$file" "$work/second/$file"; then
-    status=1
-    echo "$file differs between the two builds" >&2
-    if [[ $file == *.zip ]]; then
-      diff <(entries "$first/$file") <(entries "$work/second/$file") | head -n 4 >&2 || true
-    fi
-  fi
+  cmp "$first/$file" "$work/second/$file" && continue
+  status=1
+  echo "$file differs between the two builds" >&2
+  [[ $file != *.zip ]] || diff <(entries "$first/$file") <(entries "$work/second/$file") | head -n 4 >&2 || true
 done
-[[ $status == 0 ]] && echo "the second build gave the same bytes: $(cut -d' ' -f1 "$first/$name.zip.sha256")"
+[[ $status != 0 ]] || echo "the second build gave the same bytes: $(cut -d' ' -f1 "$first/$name.zip.sha256")"
 exit "$status"
