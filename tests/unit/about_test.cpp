@@ -92,10 +92,10 @@ TEST_F(About, SystemInfoStartsTheToolTheRegistryNames) {
 }
 
 // A number comes back as the decimal value of its bytes' digits, most significant byte first,
-// a zero top byte cut off as a terminator would be.
+// a zero top byte cut off as a terminator would be; four digits or fewer are a 16-bit number.
 TEST_F(About, NumbersComeBackAsText) {
   const std::pair<std::uint32_t, const char*> rows[] = {
-      {0x00000102, "18"}, {0x7F, "127"}, {0x1234ABCD, "305441741"}, {0xFFFFFFFF, "-1"}};
+      {0x00000102, "18"}, {0x7F, "127"}, {0x00081203, "-32477"}, {0x1234ABCD, "305441741"}, {0xFFFFFFFF, "-1"}};
   for (const auto& [number, text] : rows) {
     headless::SetDword(kHklm, kPathKey, "PATH", number);
     platform::KeyHandle root = kHklm;
