@@ -141,6 +141,11 @@ for (const c of cases) {
     }
 
     if (c.pictures) {
+      // Printed, the page shows no control, only what it says.
+      await page.emulateMedia({ media: 'print' });
+      assert.deepEqual(await page.$$eval('button, select, input[type=file]', (all) => all.filter((e) => e.offsetParent)
+        .map((e) => e.outerHTML)), []);
+      await page.emulateMedia({ media: 'screen' });
       const svg = await saved(page, 'button[data-kind="svg"][data-t="0"]');
       assert.equal(svg.name, 'compare-low-fps.svg');
       const bars = (svg.bytes.toString().match(/<rect class="bar"/g) || []).length;
