@@ -10,7 +10,7 @@ include_guard(GLOBAL)
 # Found from this file, so that the page builds whichever project includes it. The script's
 # modules, each after those it imports; node's test runner imports them as they are.
 get_filename_component(_kelvarnite_compare_dir ${CMAKE_CURRENT_LIST_DIR}/../src/compare ABSOLUTE)
-set(_kelvarnite_compare_modules report inference stats markup charts tables summary page)
+set(_kelvarnite_compare_modules report inference stats markup charts scaling tables summary page)
 list(TRANSFORM _kelvarnite_compare_modules PREPEND ${_kelvarnite_compare_dir}/)
 list(TRANSFORM _kelvarnite_compare_modules APPEND .mjs)
 string(REPLACE ";" "," _kelvarnite_compare_js "${_kelvarnite_compare_modules}")

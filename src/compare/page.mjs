@@ -8,10 +8,11 @@ import { esc } from './markup.mjs';
 import { colour, chartSvg, barTitle } from './charts.mjs';
 import { tableHtml, csvText } from './tables.mjs';
 import { summaryOf, summaryHtml } from './summary.mjs';
+import { scalingSvg } from './scaling.mjs';
 
 // ---- State -------------------------------------------------------------------------------
 
-const state = { series: [], baseline: null, nextId: 1 };
+const state = { series: [], baseline: null, nextId: 1, scalingLevel: '' };
 let drawn = 0;
 
 function stripExtension(file) {
@@ -34,6 +35,7 @@ function renderCharts(width) {
   view.all.forEach((stats, t) => {
     $('chart-box-' + TABLES[t].slug).innerHTML = chartSvg(t, view.groups, view.keys, stats, width);
   });
+  $('scaling').innerHTML = scalingSvg(view.groups, view.keys, view.all[1], state.scalingLevel, width);
 }
 
 function render() {
@@ -66,7 +68,16 @@ function render() {
       esc(g.name) + '</option>').join('');
     const all = TABLES.map((_, t) => keys.map((key) => groups.map((g) => statsOf(g, key, t))));
     view = { groups, keys, base, all };
-    $('results').innerHTML = summaryHtml(summaryOf(groups, keys, all[1], base), base) + TABLES.map((table, t) => '<section class="measure" aria-labelledby="h-' + table.slug +
+    const levels = [...new Set(keys.map((k) => k.level))];
+    if (!levels.includes(state.scalingLevel)) state.scalingLevel = '';
+    $('results').innerHTML = summaryHtml(summaryOf(groups, keys, all[1], base), base) +
+      '<section class="measure" aria-labelledby="h-scaling"><h2 id="h-scaling">Scaling with resolution</h2>' +
+      '<p class="controls"><label for="scaling-level">Average FPS of</label> <select id="scaling-level">' +
+      ['', ...levels].map((l) => '<option value="' + esc(l) + '"' + (l === state.scalingLevel ? ' selected' : '') + '>' +
+        esc(l === '' ? 'the geometric mean of the levels' : l) + '</option>').join('') + '</select></p>' +
+      '<figure><div class="scaling" id="scaling"></div><figcaption>Where a line flattens, the processor sets the pace; ' +
+      'where it falls with each step of resolution, the graphics card does.</figcaption></figure></section>' +
+      TABLES.map((table, t) => '<section class="measure" aria-labelledby="h-' + table.slug +
       '"><h2 id="h-' + table.slug + '">' + esc(table.title) + '</h2><figure><div class="chart" data-t="' + t +
       '" id="chart-box-' + table.slug + '"></div><figcaption>' + esc(table.title) + ' of each series, by resolution and level. Where a series has no rate ' +
       'the bar is left out. <span class="no-print"><button type="button" data-kind="png" data-t="' + t +
@@ -232,6 +243,11 @@ function init() {
     const base = view.groups[g] === view.base ? null : view.all[t][k][view.base.index];
     title.textContent = barTitle(view.groups[g], view.keys[k], view.all[t][k][g], base);
     bar.appendChild(title);
+  });
+  $('results').addEventListener('change', (e) => {
+    if (e.target.id !== 'scaling-level') return;
+    state.scalingLevel = e.target.value;
+    renderCharts();
   });
   $('baseline').addEventListener('change', (e) => {
     state.baseline = e.target.value;

@@ -58,6 +58,8 @@ const look = () => ({
     head: [...t.tHead.rows[0].cells].map((c) => c.textContent),
     rows: [...t.tBodies[0].rows].map((r) => [...r.cells].map((c) => c.textContent)),
   }])),
+  scaling: { points: [...document.querySelectorAll('#scaling polyline')].map((l) => l.getAttribute('points').split(' ').length),
+    bands: [...document.querySelectorAll('#scaling polygon')].map((b) => +b.dataset.g) },
   summary: [...document.querySelectorAll('#summary tbody tr')].map((r) => [...r.cells].map((c) => c.textContent)),
   swatches: [...document.querySelectorAll('#series .swatch')].map((e) => getComputedStyle(e).backgroundColor),
   charts: [...document.querySelectorAll('.chart svg')].map((svg) => ({
@@ -96,6 +98,7 @@ for (const c of cases) {
     assert.deepEqual(seen.messages, c.messages);
     if (c.series) assert.deepEqual(seen.series, c.series);
     if (c.summary) assert.deepEqual(seen.summary, c.summary);
+    if (c.scaling) assert.deepEqual(seen.scaling, c.scaling);
     const low = seen.tables['low-fps'];
     if (c.head) assert.deepEqual(low.head, c.head);
     if (c.column) assert.deepEqual(low.rows.map((r) => r[0]), c.column);

@@ -1,0 +1,74 @@
+// The scaling chart: Average FPS against resolution, a line per series, for one level or for
+// the geometric mean of the levels, so that one sees where a card stops keeping up as the
+// pixels grow. Repeats draw their 95 % interval as a band around the line.
+
+import { esc, fps } from './markup.mjs';
+import { geometricMean } from './inference.mjs';
+import { colour, niceStep } from './charts.mjs';
+
+// For each group, a point per resolution: its mean and the interval's ends, or null where the
+// group has no rate there. A level's point is its figures; the geometric mean's point takes the
+// geometric mean of the levels' means and of their interval's ends, and has a band only where
+// every level it takes has one.
+export function scalingPoints(groups, keys, averages, level) {
+  const resolutions = [...new Set(keys.map((k) => k.res))];
+  return groups.map((g, i) => resolutions.map((res) => {
+    const figures = keys.map((k, j) => ({ k, st: averages[j][i] }))
+      .filter(({ k, st }) => st && k.res === res && (level === '' || k.level === level)).map(({ st }) => st);
+    if (!figures.length) return null;
+    const banded = figures.every((st) => st.half !== null);
+    return {
+      res,
+      mean: geometricMean(figures.map((st) => st.mean)),
+      low: banded ? geometricMean(figures.map((st) => st.mean - st.half)) : null,
+      high: banded ? geometricMean(figures.map((st) => st.mean + st.half)) : null,
+    };
+  }));
+}
+
+export function scalingSvg(groups, keys, averages, level, width) {
+  const points = scalingPoints(groups, keys, averages, level);
+  const resolutions = [...new Set(keys.map((k) => k.res))];
+  const left = 56;
+  const top = 40;
+  const plotW = Math.max(160, width - left - 44);  // room for half the last resolution's name
+  const plotH = 260;
+  let max = 0;
+  for (const line of points) for (const p of line) if (p) max = Math.max(max, p.high ?? p.mean);
+  const step = max > 0 ? niceStep(max) : 1;
+  const ceiling = Math.ceil(max / step) * step || 1;
+  const x = (r) => left + (resolutions.length < 2 ? plotW / 2 : r * plotW / (resolutions.length - 1));
+  const y = (v) => top + plotH - v / ceiling * plotH;
+  const what = level === '' ? 'the geometric mean of the levels' : level;
+  const parts = [];
+  for (let v = 0; v <= ceiling + 1e-9; v += step) {
+    parts.push('<line x1="' + left + '" x2="' + (left + plotW) + '" y1="' + y(v).toFixed(2) + '" y2="' + y(v).toFixed(2) +
+      '" stroke="#ddd"/><text x="' + (left - 6) + '" y="' + (y(v) + 4).toFixed(2) + '" text-anchor="end" font-size="10">' + v + '</text>');
+  }
+  resolutions.forEach((res, r) => parts.push('<text x="' + x(r).toFixed(2) + '" y="' + (top + plotH + 16) +
+    '" text-anchor="middle" font-size="11">' + esc(res) + '</text>'));
+  points.forEach((line, i) => {
+    const there = line.map((p, r) => p && { ...p, r }).filter(Boolean);
+    const band = there.filter((p) => p.low !== null);
+    if (band.length) {
+      const edge = band.map((p) => x(p.r).toFixed(2) + ',' + y(p.high).toFixed(2))
+        .concat(band.slice().reverse().map((p) => x(p.r).toFixed(2) + ',' + y(p.low).toFixed(2)));
+      parts.push('<polygon class="band" data-g="' + i + '" points="' + edge.join(' ') + '" fill="' + colour(i) +
+        '" fill-opacity="0.2" stroke="' + colour(i) + '" stroke-opacity="0.4"/>');
+    }
+    parts.push('<polyline class="line" data-g="' + i + '" points="' + there.map((p) => x(p.r).toFixed(2) + ',' +
+      y(p.mean).toFixed(2)).join(' ') + '" fill="none" stroke="' + colour(i) + '" stroke-width="2"/>');
+    there.forEach((p) => parts.push('<circle cx="' + x(p.r).toFixed(2) + '" cy="' + y(p.mean).toFixed(2) + '" r="3" fill="' +
+      colour(i) + '"><title>' + esc(groups[i].name + ', ' + p.res + ': ' + fps(p.mean) + ' FPS' +
+      (p.low === null ? '' : ', 95 % interval ' + fps(p.low) + ' to ' + fps(p.high))) + '</title></circle>'));
+  });
+  const legend = groups.map((g, i) => '<g transform="translate(' + (left + (i % 4) * 160) + ' ' + (top + plotH + 34 + Math.floor(i / 4) * 16) +
+    ')"><rect width="14" height="4" y="4" fill="' + colour(i) + '"/><text x="19" y="10">' + esc(g.name.length > 22 ? g.name.slice(0, 21) + '…' : g.name) + '</text></g>');
+  const height = top + plotH + 40 + Math.ceil(groups.length / 4) * 16;
+  return '<svg xmlns="http://www.w3.org/2000/svg" width="' + width + '" height="' + height + '" viewBox="0 0 ' + width + ' ' + height +
+    '" role="img" aria-labelledby="scaling-t scaling-d" font-family="Arial, Helvetica, sans-serif" font-size="12">' +
+    '<title id="scaling-t">Average FPS against resolution</title><desc id="scaling-d">' + esc('Average FPS of ' + what +
+    ' at each resolution, a line for each of ' + groups.length + ' series; repeats show their 95 % interval as a band.') + '</desc>' +
+    '<rect width="100%" height="100%" fill="#fff"/><text x="8" y="20" font-size="15" font-weight="bold">' +
+    esc('Average FPS against resolution: ' + what) + '</text>' + parts.join('') + legend.join('') + '</svg>';
+}
