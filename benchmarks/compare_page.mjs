@@ -28,7 +28,7 @@ const scratch = fs.mkdtempSync(path.join(os.tmpdir(), 'compare-bench-'));
 if (!page) {
   page = path.join(scratch, 'compare.html');
   const src = path.join(root, 'src/compare');
-  execFileSync('cmake', [`-DPAGE=${src}/compare.html`, `-DCSS=${src}/compare.css`, `-DJS=${src}/compare.js`,
+  execFileSync('cmake', [`-DPAGE=${src}/compare.html`, `-DCSS=${src}/compare.css`, `-DMODULES=${src}/modules.txt`, '-DVERSION=0',
     `-DOUT=${page}`, '-P', path.join(root, 'cmake/InlinePage.cmake')]);
 }
 

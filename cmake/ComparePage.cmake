@@ -8,23 +8,23 @@ set(KELVARNITE_COMPARE_PAGE ${PROJECT_BINARY_DIR}/compare.html)
 include_guard(GLOBAL)
 
 # Found from this file, so that the page builds whichever project includes it. The script's
-# modules, each after those it imports; node's test runner imports them as they are.
+# modules are listed in modules.txt; node's test runner imports them as they are.
 get_filename_component(_kelvarnite_compare_dir ${CMAKE_CURRENT_LIST_DIR}/../src/compare ABSOLUTE)
-set(_kelvarnite_compare_modules report inference stats markup charts scaling tables summary page)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${_kelvarnite_compare_dir}/modules.txt)
+file(STRINGS ${_kelvarnite_compare_dir}/modules.txt _kelvarnite_compare_modules REGEX "^[^#]")
 list(TRANSFORM _kelvarnite_compare_modules PREPEND ${_kelvarnite_compare_dir}/)
 list(TRANSFORM _kelvarnite_compare_modules APPEND .mjs)
-string(REPLACE ";" "," _kelvarnite_compare_js "${_kelvarnite_compare_modules}")
 add_custom_command(
   OUTPUT ${KELVARNITE_COMPARE_PAGE}
   COMMAND ${CMAKE_COMMAND}
     -DPAGE=${_kelvarnite_compare_dir}/compare.html
     -DCSS=${_kelvarnite_compare_dir}/compare.css
-    -DJS=${_kelvarnite_compare_js}
+    -DMODULES=${_kelvarnite_compare_dir}/modules.txt
     -DVERSION=${PROJECT_VERSION}
     -DOUT=${KELVARNITE_COMPARE_PAGE}
     -P ${CMAKE_CURRENT_LIST_DIR}/InlinePage.cmake
   DEPENDS ${_kelvarnite_compare_dir}/compare.html ${_kelvarnite_compare_dir}/compare.css
-    ${_kelvarnite_compare_modules} ${CMAKE_CURRENT_LIST_DIR}/InlinePage.cmake
+    ${_kelvarnite_compare_dir}/modules.txt ${_kelvarnite_compare_modules} ${CMAKE_CURRENT_LIST_DIR}/InlinePage.cmake
   COMMENT "Assembling compare.html"
   VERBATIM)
 add_custom_target(kelvarnite_compare_page ALL DEPENDS ${KELVARNITE_COMPARE_PAGE})

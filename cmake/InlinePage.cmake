@@ -2,15 +2,15 @@
 # its place, so that the page opens from a folder with nothing beside it, and @PROJECT_VERSION@
 # becomes the project's version.
 #
-#   cmake -DPAGE=<page.html> -DCSS=<style.css> -DJS=<a.mjs>,<b.mjs>,... -DVERSION=<version>
+#   cmake -DPAGE=<page.html> -DCSS=<style.css> -DMODULES=<modules.txt> -DVERSION=<version>
 #         -DOUT=<out.html> -P InlinePage.cmake
 #
-# The script is a set of ES modules, given each after those it imports; the page names the last
-# one. A browser does not load modules from file://, so they are joined into one plain script:
+# The script is a set of ES modules beside the list that names them, each after those it
+# imports (lines starting with # are comments); the page names the last one. A browser does not load modules from file://, so they are joined into one plain script:
 # each module's import lines go, its exports become names of the one scope they share. The page
 # must name the style sheet and the last module exactly once, on the lines
 #   <link rel="stylesheet" href="NAME.css">   and   <script src="NAME.mjs"></script>
-foreach(var PAGE CSS JS VERSION OUT)
+foreach(var PAGE CSS MODULES VERSION OUT)
   if(NOT DEFINED ${var})
     message(FATAL_ERROR "InlinePage: -D${var}=... is missing")
   endif()
@@ -18,7 +18,10 @@ endforeach()
 
 file(READ "${PAGE}" page)
 file(READ "${CSS}" css)
-string(REPLACE "," ";" modules "${JS}")
+file(STRINGS "${MODULES}" modules REGEX "^[^#]")
+get_filename_component(folder "${MODULES}" DIRECTORY)
+list(TRANSFORM modules PREPEND "${folder}/")
+list(TRANSFORM modules APPEND .mjs)
 set(js "")
 foreach(module IN LISTS modules)
   file(READ "${module}" text)

@@ -4,7 +4,6 @@
 # the build joins them, in Chromium.
 set -euo pipefail
 node --test tests/compare/
-modules=$(printf 'src/compare/%s.mjs,' report inference stats markup charts scaling tables summary page)
-cmake -DPAGE=src/compare/compare.html -DCSS=src/compare/compare.css -DJS="${modules%,}" \
+cmake -DPAGE=src/compare/compare.html -DCSS=src/compare/compare.css -DMODULES=src/compare/modules.txt \
   -DVERSION=0 -DOUT="$PWD/compare.html" -P cmake/InlinePage.cmake
 KELVARNITE_COMPARE_PAGE=$PWD/compare.html node --test tests/browser/compare.test.mjs
