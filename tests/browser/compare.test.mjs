@@ -149,6 +149,9 @@ for (const c of cases) {
       assert.deepEqual(await page.$$eval('button, select, input[type=file]', (all) => all.filter((e) => e.offsetParent)
         .map((e) => e.outerHTML)), []);
       await page.emulateMedia({ media: 'screen' });
+      // On paper: the summary's page, then a page for each measure and its table at the least.
+      const pdf = (await page.pdf({ format: 'A4' })).toString('latin1');
+      assert.ok(pdf.startsWith('%PDF-') && pdf.match(/\/Type\s*\/Page\b/g).length >= 4, 'printed on four pages or more');
       const svg = await saved(page, 'button[data-kind="svg"][data-t="0"]');
       assert.equal(svg.name, 'compare-low-fps.svg');
       const bars = (svg.bytes.toString().match(/<rect class="bar"/g) || []).length;
