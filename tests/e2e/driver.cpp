@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <set>
 
 #include "ui.h"
 
@@ -305,32 +306,22 @@ void About(const Scenario& s) {
 
 // Tab round a window once: of each option group the focus lands on the selected button alone,
 // so that a Space there changes nothing, and those buttons are the ones given.
-void TabRound(HWND window, std::vector<std::string> selected) {
+void TabRound(HWND window, const std::set<std::string>& selected) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof(info);
   const DWORD thread = ::GetWindowThreadProcessId(window, nullptr);
-  auto focus = [&] {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof(info);
-    return ::GetGUIThreadInfo(thread, &info) ? info.hwndFocus : nullptr;
-  };
-  std::vector<HWND> visited;
-  std::vector<std::string> landed;
-  for (HWND at = focus();;) {
+  auto focus = [&] { return ::GetGUIThreadInfo(thread, &info) ? info.hwndFocus : nullptr; };
+  std::set<HWND> visited;
+  std::set<std::string> landed;
+  for (HWND at = focus(); visited.size() < 40;) {
     ui::PressKey(window, VK_TAB);
     at = ui::Await("the focus to move on", [&] { return focus() != at ? focus() : nullptr; });
-    if (std::find(visited.begin(), visited.end(), at) != visited.end()) break;
-    if (visited.size() == 40) Fail("the focus never comes round");
-    visited.push_back(at);
+    if (!visited.insert(at).second) break;
     if ((::GetWindowLongW(at, GWL_STYLE) & BS_TYPEMASK) != BS_RADIOBUTTON) continue;
-    landed.push_back(ui::TextOf(at));
-    if (::SendMessageW(at, BM_GETCHECK, 0, 0) != BST_CHECKED) {
-      Fail("Tab lands on the option button \"" + landed.back() + "\", which is not selected");
-    }
+    landed.insert(ui::TextOf(at));
+    if (::SendMessageW(at, BM_GETCHECK, 0, 0) != BST_CHECKED) Fail("Tab lands on \"" + ui::TextOf(at) + "\", not selected");
   }
-  std::sort(landed.begin(), landed.end());
-  std::sort(selected.begin(), selected.end());
-  std::string names;
-  for (const std::string& name : landed) names += " \"" + name + "\"";
-  if (landed != selected) Fail("Tab lands on the option buttons" + names + " and no others");
+  if (landed != selected) Fail("Tab lands on " + std::to_string(landed.size()) + " option buttons, not the selected ones");
 }
 
 // Both windows' option groups from the keyboard, before and after a change of the selection.
@@ -341,15 +332,12 @@ void Keyboard(const Scenario& s) {
   Click(main, "Demo");
   ui::AwaitState(main, "Demo", true, true);
   TabRound(main, {"OpenGL", "Demo"});
-  ui::AwaitState(main, "OpenGL", true, true);
-  ui::AwaitState(main, "Demo", true, true);
   Click(main, "Custom Test");
   HWND custom = CustomWindow();
   TabRound(custom, {"Disabled", "Max Detail"});
   Click(custom, "Min Detail");
   ui::AwaitState(custom, "Min Detail", true, true);
   TabRound(custom, {"Disabled", "Min Detail"});
-  ui::AwaitState(custom, "Disabled", true, true);
   Exit(main, WM_CLOSE);
 }
 
