@@ -19,7 +19,8 @@
 
 #include "ui.h"
 
-#include <tlhelp32.h>  // after <windows.h>, which ui.h includes
+#include <commctrl.h>  // after <windows.h>, which ui.h includes
+#include <tlhelp32.h>
 
 namespace {
 
@@ -30,7 +31,6 @@ using Fields = std::vector<std::string>;
 const std::string kOwnIni = "C:\\My Settings\\my own.ini";
 // The full game's registry key; the demo's adds "Demo".
 const std::string kGameKey = "SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003";
-constexpr int kBannerId = 1007;  // the About window's banner: the eighth control of its table
 constexpr int kReadOnlyBox = 0x410;  // the file dialog's "Open as read-only" box
 
 // A section of the table: its entries in the order written, each value split into its fields.
@@ -288,8 +288,17 @@ void About(const Scenario& s) {
     ui::Await("the label " + text, [&] { return ui::FindChild(about, text); });
   }
   Shot(s, about);
-  HWND banner = ui::FindChild(about, L"Static", kBannerId);
-  if (!::SendMessageW(banner, STM_GETIMAGE, IMAGE_BITMAP, 0)) Fail("the About window shows no banner");
+  HWND banner = ui::FindChildWhere(about, [](HWND c) { return ::SendMessageW(c, STM_GETIMAGE, IMAGE_BITMAP, 0) != 0; });
+  if (banner == nullptr) Fail("the About window shows no banner");
+  // Its two tool tips are made when the pointer first comes to a control that has one.
+  const auto tips = [&] {
+    HWND tip = nullptr;
+    while ((tip = ::FindWindowExW(nullptr, tip, L"tooltips_class32", nullptr)) && ::GetWindow(tip, GW_OWNER) != about) {}
+    return tip != nullptr ? ::SendMessageW(tip, TTM_GETTOOLCOUNT, 0, 0) : -1;
+  };
+  if (tips() != -1) Fail("the About window made its tool tips before the pointer came");
+  ::PostMessageW(banner, WM_MOUSEMOVE, 0, MAKELPARAM(2, 2));
+  ui::AwaitTrue("the About window's two tool tips", [&] { return tips() == 2; });
   ui::ClickWithMouse(banner);
   AwaitOpened("http://www.kelvarnite.example/");
   ui::PressKey(about, VK_TAB);  // from OK to System Info, where Enter presses that button

@@ -30,15 +30,6 @@ BOOL CALLBACK Collect(HWND window, LPARAM list) {
 }
 
 // The first child window, at any depth, that passes the test.
-HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test) {
-  std::vector<HWND> children;
-  ::EnumChildWindows(parent, Collect, reinterpret_cast<LPARAM>(&children));
-  for (HWND child : children) {
-    if (test(child)) return child;
-  }
-  return nullptr;
-}
-
 HWND AwaitControl(HWND window, const std::string& caption) {
   return Await("the control \"" + caption + "\"", [&] { return FindChild(window, caption); });
 }
@@ -121,6 +112,15 @@ HWND FindTop(const wchar_t* windowClass, const std::string& title) {
 
 HWND AwaitTop(const wchar_t* windowClass, const std::string& title) {
   return Await("the window \"" + title + "\"", [&] { return FindTop(windowClass, title); });
+}
+
+HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test) {
+  std::vector<HWND> children;
+  ::EnumChildWindows(parent, Collect, reinterpret_cast<LPARAM>(&children));
+  for (HWND child : children) {
+    if (test(child)) return child;
+  }
+  return nullptr;
 }
 
 HWND FindChild(HWND parent, const std::string& text) {

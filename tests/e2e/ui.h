@@ -57,6 +57,7 @@ HWND AwaitTop(const wchar_t* windowClass, const std::string& title);
 // A child window, at any depth, by its text, or by its class and id (-1: any id).
 HWND FindChild(HWND parent, const std::string& text);
 HWND FindChild(HWND parent, const wchar_t* windowClass, int id);
+HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test);
 std::string TextOf(HWND window);
 
 // Posts a click on the control with this caption, once it is enabled.

@@ -9,26 +9,34 @@ Picture LoadStoredPicture(const char* name) {
   if (name == nullptr) return {};
   const bool isIcon = ::FindResourceA(Instance(), name, MAKEINTRESOURCEA(14)) != nullptr;  // RT_GROUP_ICON
   // Size 0 and no LR_DEFAULTSIZE: the picture comes at the size it was stored in.
-  return {::LoadImageA(Instance(), name, isIcon ? IMAGE_ICON : IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR),
-          isIcon};
+  HANDLE loaded =
+      ::LoadImageA(Instance(), name, isIcon ? IMAGE_ICON : IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR);
+  Picture picture;
+  if (isIcon) {
+    picture.icon = ScopedIcon(static_cast<HICON>(loaded));
+  } else {
+    picture.bitmap = ScopedGdiObject(loaded);
+  }
+  return picture;
 }
 
 SIZE PictureSize(const Picture& picture) {
   SIZE size{0, 0};
-  if (picture.handle == nullptr) return size;
-  if (picture.isIcon) {
+  if (picture.isIcon()) {
     ICONINFO info{};
-    if (::GetIconInfo(static_cast<HICON>(picture.handle), &info)) {
-      BITMAP mask{};
-      ::GetObjectA(info.hbmMask, sizeof(mask), &mask);
-      size = {mask.bmWidth, info.hbmColor != nullptr ? mask.bmHeight : mask.bmHeight / 2};
-      if (info.hbmColor != nullptr) ::DeleteObject(info.hbmColor);
-      ::DeleteObject(info.hbmMask);
+    if (::GetIconInfo(picture.icon.get(), &info)) {
+      // The icon's bitmaps are copies that the caller frees.
+      const ScopedGdiObject mask(info.hbmMask), color(info.hbmColor);
+      BITMAP bits{};
+      ::GetObjectA(mask.get(), sizeof(bits), &bits);
+      size = {bits.bmWidth, color.valid() ? bits.bmHeight : bits.bmHeight / 2};
     }
     return size;
   }
   BITMAP bitmap{};
-  if (::GetObjectA(picture.handle, sizeof(bitmap), &bitmap)) size = {bitmap.bmWidth, bitmap.bmHeight};
+  if (picture.bitmap.valid() && ::GetObjectA(picture.bitmap.get(), sizeof(bitmap), &bitmap)) {
+    size = {bitmap.bmWidth, bitmap.bmHeight};
+  }
   return size;
 }
 

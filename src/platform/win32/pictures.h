@@ -1,16 +1,20 @@
 // Stored pictures of the program, by resource name.
 #pragma once
 
-#include "platform/win32/win32.h"
+#include "platform/win32/scoped.h"
 
 namespace win32 {
 
+// An icon or a bitmap, freed with the object that holds it.
 struct Picture {
-  HANDLE handle = nullptr;  // an HICON or an HBITMAP; null when there is no such picture
-  bool isIcon = false;
+  ScopedIcon icon;
+  ScopedGdiObject bitmap;
+
+  HANDLE handle() const { return icon.valid() ? static_cast<HANDLE>(icon.get()) : bitmap.get(); }
+  bool isIcon() const { return icon.valid(); }
 };
 
-// An ICON or a BITMAP resource.
+// An ICON or a BITMAP resource; holds nothing where there is no such picture.
 Picture LoadStoredPicture(const char* name);
 SIZE PictureSize(const Picture& picture);
 
