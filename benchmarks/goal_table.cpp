@@ -152,9 +152,8 @@ std::vector<std::string> ForeignDlls(const std::string& imports) {
     if (words.size() < 3 || words[0] != "DLL" || words[1] != "Name:") continue;
     std::string dll = words[2];
     for (char& c : dll) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    if (std::find(std::begin(kWindowsDlls), std::end(kWindowsDlls), dll) == std::end(kWindowsDlls)) {
-      foreign.push_back(dll);
-    }
+    const auto* const end = std::end(kWindowsDlls);
+    if (std::find(std::begin(kWindowsDlls), end, dll) == end) foreign.push_back(dll);
   }
   std::sort(foreign.begin(), foreign.end());
   return foreign;
@@ -205,8 +204,8 @@ int Run(const Measured& wine, const Report& report, const std::vector<std::strin
   const double program = wine("startup_program"), minimal = wine("startup_minimal");
   ratio = Format("%.3f", program / minimal);
   table.Goal("2. Start-up to the shown window", Format("%.0f ms", program * 1000),
-             Format("%.0f ms minimal", minimal * 1000), ratio + "x", Format("<= %gx", kStartUpRatio),
-             Number(ratio) <= kStartUpRatio);
+             Format("%.0f ms minimal", minimal * 1000), ratio + "x",
+             Format("<= %gx", kStartUpRatio), Number(ratio) <= kStartUpRatio);
 
   std::map<int, double> perRecord;
   for (const int records : {35, 1000, 100000}) {
@@ -241,16 +240,19 @@ int Run(const Measured& wine, const Report& report, const std::vector<std::strin
   const double privateProgram = wine("suite_program_peak_private");
   const double privateMinimal = wine("minimal_peak_private");
   const std::string difference = Format("%.1f", (setProgram - setMinimal) / kMegabyte);
-  table.Goal("5. Peak working set above the minimal program", Format("%.1f MB", setProgram / kMegabyte),
+  table.Goal("5. Peak working set above the minimal program",
+             Format("%.1f MB", setProgram / kMegabyte),
              Format("%.1f MB minimal", setMinimal / kMegabyte), "+" + difference + " MB",
-             Format("<= %g MB", kWorkingSetAboveMinimal), Number(difference) <= kWorkingSetAboveMinimal);
+             Format("<= %g MB", kWorkingSetAboveMinimal),
+             Number(difference) <= kWorkingSetAboveMinimal);
   table.Aside("   peak private bytes", Format("%.1f MB", privateProgram / kMegabyte),
               Format("%.1f MB minimal", privateMinimal / kMegabyte),
               Format("+%.1f MB", (privateProgram - privateMinimal) / kMegabyte));
 
   table.Print();
-  std::printf("\nSamples in the order taken (seconds, and the ratio of each pair: a check on the ratio of\n"
-              "the medians that a changing load moves less):\n");
+  std::printf(
+      "\nSamples in the order taken (seconds, and the ratio of each pair: a check on the ratio of\n"
+      "the medians that a changing load moves less):\n");
   for (const char* name : {"suite_program", "suite_program_games", "suite_opener",
                            "suite_program_to_shell", "suite_loop", "suite_pair_ratio",
                            "startup_program", "startup_minimal", "startup_pair_ratio"}) {
