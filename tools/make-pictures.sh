@@ -16,11 +16,12 @@
 # band beside the name "Kelvarnite UT2k3 Benchmark"; the small icon is the dial alone.
 #
 # Needs ImageMagick 6 (apt-get install -y imagemagick), the DejaVu fonts (fonts-dejavu-core)
-# and Python 3 for tools/pack-ico16.py, which writes the 16-colour icon that ImageMagick cannot
-# write in that exact form. Everything is drawn at eight times the final size and scaled down:
-# averaged for the logo and the banner, so that every edge is smooth, and point by point for the
-# small icon, whose 16 colours want crisp edges. Metadata and time stamps are stripped, and a
-# second run gives the same bytes with the same ImageMagick and fonts.
+# and Python 3 for tools/make-icon.py, which describes the dial, and tools/pack-ico16.py, which
+# writes the 16-colour icon that ImageMagick cannot write in that exact form. Everything is
+# drawn at eight times the final size and scaled down: averaged for the logo and the banner, so
+# that every edge is smooth, and point by point for the small icon, whose 16 colours want crisp
+# edges. Metadata and time stamps are stripped, and a second run gives the same bytes with the
+# same ImageMagick and fonts.
 #
 # Usage: tools/make-pictures.sh [output folder]     (default: data/ of this source tree)
 set -euo pipefail
@@ -29,7 +30,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 out=${1:-$(dirname "$here")/data}
 mkdir -p "$out"
 
-for tool in convert identify fc-match python3 awk; do
+for tool in convert identify fc-match python3; do
   command -v "$tool" >/dev/null || { echo "make-pictures: $tool is missing" >&2; exit 1; }
 done
 
@@ -54,73 +55,29 @@ IM=(convert -quiet)
 SS=8  # supersampling factor
 
 # ---------------------------------------------------------------------------------------------
-# The dial. Its measures are those of make-icon.py, in units of a dial 32 wide: rim from 13.8
-# to 15.6, scale from 9.5 to 12.5, sweeping 270 degrees clockwise from the lower left, needle at
-# 80 % of the scale, hub of 2.4.
+# The dial, drawn by make-icon.py from the one description of it that the program's icon is
+# drawn from too: the circles of the rim and the disc, and over them the face.
 # ---------------------------------------------------------------------------------------------
 
-# dial_draw N TICKS: the draw primitives of the scale, the ticks, the needle and the hub on a
-# canvas N pixels wide, on stdout. TICKS is 1 for the large dial, with short marks between scale
-# and centre and a tapering needle, and 0 for the small one, with a straight needle 2 units wide
-# as in the program's icon.
-dial_draw() {
-  awk -v n="$1" -v ticks="$2" 'BEGIN {
-    pi = atan2(0, -1); k = n / 32; c = (n - 1) / 2
-    start = 225 * pi / 180; sweep = 270 * pi / 180
-    # the scale: narrow wedges, each in the colour of its place, green - yellow - red
-    steps = 180
-    for (i = 0; i < steps; i++) {
-      t = (i + 0.5) / steps
-      if (t < 0.5) { r = 510 * t; g = 200 } else { r = 255; g = 200 - 400 * (t - 0.5) }
-      a0 = start - sweep * i / steps + 0.004; a1 = start - sweep * (i + 1) / steps - 0.004
-      if (i == 0) a0 = start
-      if (i == steps - 1) a1 = start - sweep
-      printf "fill rgb(%d,%d,40) polygon", r + 0.5, g + 0.5
-      printf " %.2f,%.2f %.2f,%.2f", c + 12.5 * k * cos(a0), c - 12.5 * k * sin(a0), c + 12.5 * k * cos(a1), c - 12.5 * k * sin(a1)
-      printf " %.2f,%.2f %.2f,%.2f\n", c + 9.5 * k * cos(a1), c - 9.5 * k * sin(a1), c + 9.5 * k * cos(a0), c - 9.5 * k * sin(a0)
-    }
-    # the ticks: eleven short grey marks inside the scale, the last three reddish
-    if (ticks) {
-      for (i = 0; i <= 10; i++) {
-        a = start - sweep * i / 10; ca = cos(a); sa = sin(a); w = 0.28 * k
-        r1 = 7.2 * k; r2 = 8.7 * k
-        colour = (i >= 8) ? "rgb(235,120,100)" : "rgb(150,156,166)"
-        printf "fill %s polygon %.2f,%.2f %.2f,%.2f %.2f,%.2f %.2f,%.2f\n", colour, \
-          c + r1 * ca - w * sa, c - r1 * sa - w * ca, c + r2 * ca - w * sa, c - r2 * sa - w * ca, \
-          c + r2 * ca + w * sa, c - r2 * sa + w * ca, c + r1 * ca + w * sa, c - r1 * sa + w * ca
-      }
-    }
-    # the needle: from behind the hub to the inner edge of the scale, tapering to the tip
-    a = start - sweep * 0.8; ca = cos(a); sa = sin(a)
-    b = -1.5 * k; tip = 11.5 * k
-    if (ticks) { wb = 1.1 * k; wt = 0.45 * k } else { wb = 1.0 * k; wt = 1.0 * k }
-    printf "fill rgb(247,247,247) polygon %.2f,%.2f %.2f,%.2f %.2f,%.2f %.2f,%.2f\n", \
-      c + b * ca - wb * sa, c - b * sa - wb * ca, c + tip * ca - wt * sa, c - tip * sa - wt * ca, \
-      c + tip * ca + wt * sa, c - tip * sa + wt * ca, c + b * ca + wb * sa, c - b * sa + wb * ca
-    printf "fill rgb(196,196,196) circle %.2f,%.2f %.2f,%.2f\n", c, c, c + 2.4 * k, c
-    if (ticks) printf "fill rgb(120,124,130) circle %.2f,%.2f %.2f,%.2f\n", c, c, c + 0.9 * k, c
-  }'
-}
-
-# dial SIZE TICKS OUT: a dial SIZE pixels wide on a transparent ground, as PNG. The large dial
-# (TICKS 1) is drawn with smooth edges and scaled down by averaging; the small one is drawn
-# without smoothing and takes one point of each pixel, for the crisp edges that suit a picture
-# of 16 colours.
+# dial SIZE TICKS OUT: a dial SIZE pixels wide on a transparent ground, as PNG. TICKS is 1 for
+# the large dial, with short marks inside the scale and a tapering needle, drawn with smooth
+# edges and scaled down by averaging; 0 for the small one, the icon's dial, drawn without
+# smoothing and taking one point of each pixel, for the crisp edges that suit a picture of 16
+# colours.
 dial() {
   local size=$1 ticks=$2 png=$3 n=$(($1 * SS))
-  local smooth=(-antialias) shrink=(-filter box -resize "${size}x${size}")
-  [[ $ticks = 1 ]] || { smooth=(+antialias); shrink=(-sample "${size}x${size}"); }
-  local c r_rim r_disc
-  c=$(awk -v n="$n" 'BEGIN { printf "%.2f", (n - 1) / 2 }')
-  r_rim=$(awk -v n="$n" -v c="$c" 'BEGIN { printf "%.2f", c + 15.6 * n / 32 }')
-  r_disc=$(awk -v n="$n" -v c="$c" 'BEGIN { printf "%.2f", c + 13.8 * n / 32 }')
-  dial_draw "$n" "$ticks" >"$work/dial.mvg"
+  local smooth=(-antialias) shrink=(-filter box -resize "${size}x${size}") face=(--ticks)
+  [[ $ticks = 1 ]] || { smooth=(+antialias); shrink=(-sample "${size}x${size}"); face=(); }
+  local rim disc
+  rim=$(python3 "$here/make-icon.py" --mvg rim "$n")
+  disc=$(python3 "$here/make-icon.py" --mvg disc "$n")
+  python3 "$here/make-icon.py" --mvg face "$n" "${face[@]}" >"$work/dial.mvg"
   "${IM[@]}" "${smooth[@]}" \
     \( -size "${n}x${n}" gradient:'rgb(60,120,230)-rgb(34,68,139)' \
-       \( -size "${n}x${n}" xc:black -fill white -draw "circle $c,$c $r_rim,$c" \) \
+       \( -size "${n}x${n}" xc:black -fill white -draw "$rim" \) \
        -alpha off -compose copy_opacity -composite \) \
     \( -size "${n}x${n}" gradient:'rgb(53,53,56)-rgb(36,36,40)' \
-       \( -size "${n}x${n}" xc:black -fill white -draw "circle $c,$c $r_disc,$c" \) \
+       \( -size "${n}x${n}" xc:black -fill white -draw "$disc" \) \
        -alpha off -compose copy_opacity -composite \) \
     -compose over -composite \
     -draw "$(cat "$work/dial.mvg")" \
