@@ -10,11 +10,17 @@ add_executable(KelvarniteUT2k3Benchmark WIN32
 configure_file(src/app/KelvarniteUT2k3Benchmark.manifest app/KelvarniteUT2k3Benchmark.manifest @ONLY)
 target_include_directories(KelvarniteUT2k3Benchmark PRIVATE
   ${PROJECT_BINARY_DIR}/app ${PROJECT_SOURCE_DIR}/data)
-file(GLOB KELVARNITE_RESOURCES CONFIGURE_DEPENDS
-  ${PROJECT_SOURCE_DIR}/data/*.ico ${PROJECT_SOURCE_DIR}/data/*.bmp ${PROJECT_BINARY_DIR}/app/*.manifest)
-set_source_files_properties(src/app/KelvarniteUT2k3Benchmark.rc PROPERTIES
-  OBJECT_DEPENDS "${KELVARNITE_RESOURCES}")
-target_link_libraries(KelvarniteUT2k3Benchmark PRIVATE kelvarnite_platform kelvarnite_core)
+set(KELVARNITE_RESOURCES app.ico about.ico logo.bmp about.bmp)
+list(TRANSFORM KELVARNITE_RESOURCES PREPEND ${PROJECT_SOURCE_DIR}/data/)
+set_source_files_properties(src/app/KelvarniteUT2k3Benchmark.rc PROPERTIES OBJECT_DEPENDS
+  "${KELVARNITE_RESOURCES};${PROJECT_BINARY_DIR}/app/KelvarniteUT2k3Benchmark.manifest")
+target_link_libraries(KelvarniteUT2k3Benchmark PRIVATE kelvarnite)
+
+# Driving the program's windows from another process, as a user would: the end-to-end driver
+# and the measuring program share these helpers.
+add_library(kelvarnite_window_driver STATIC ${PROJECT_SOURCE_DIR}/tests/e2e/ui.cpp)
+target_include_directories(kelvarnite_window_driver PUBLIC ${PROJECT_SOURCE_DIR}/tests/e2e)
+target_link_libraries(kelvarnite_window_driver PUBLIC kelvarnite_options user32 gdi32)
 
 # The program folder as a Windows user unpacks it: the exe, INI\D3D\ and INI\OGL\ with the
 # game's ini files, the guides, and the page that compares reports.

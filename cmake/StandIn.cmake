@@ -2,9 +2,12 @@
 # benchmark runs without the game. Its portable part is a library for the unit tests; the
 # Windows builds add the exe and a complete game folder, game/ in the build folder.
 
-file(GLOB STANDIN_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/standin/*.cpp)
+set(STANDIN_SOURCES game_config.cpp game_line.cpp ini_file.cpp model.cpp record.cpp settings.cpp
+  standin.cpp text.cpp)
+list(TRANSFORM STANDIN_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/src/standin/)
 add_library(kelvarnite_standin STATIC ${STANDIN_SOURCES})
 target_include_directories(kelvarnite_standin PUBLIC ${PROJECT_SOURCE_DIR}/src)
+target_link_libraries(kelvarnite_standin PUBLIC kelvarnite_options)
 
 if(WIN32)
   set(STANDIN_OUT ${PROJECT_BINARY_DIR}/game)
