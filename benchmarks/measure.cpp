@@ -393,7 +393,7 @@ int SuiteAgainstLoop(int runs) {
   const PROCESS_MEMORY_COUNTERS_EX memory = Memory(ui::Program());
   PrintBytes("suite_program_peak_working_set", memory.PeakWorkingSetSize);
   PrintBytes("suite_program_peak_private", std::max(peakPrivate, PeakPrivate(ui::Program())));
-  ::PostMessageW(main, WM_COMMAND, ui::kMenuExit, 0);
+  ::PostMessageW(main, WM_COMMAND, menu_commands::kExit, 0);
   AwaitEnd(ui::Program());
   return 0;
 }

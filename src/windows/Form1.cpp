@@ -4,50 +4,64 @@
 #include "platform/platform.h"
 #include "windows/Form2.h"
 #include "windows/frmAbout.h"
+#include "windows/menu_commands.h"
 #include "windows/product.h"
 
-using forms::ControlType;
+using T = forms::ControlType;
 
 namespace {
 
-const forms::WindowArgs kWindow{"Form1", "Kelvarnite UT2k3 Benchmark", 5430, 3810,
-                                forms::BorderStyle::FixedSingle, true};
+const forms::WindowArgs kWindow{.name = "Form1", .caption = "Kelvarnite UT2k3 Benchmark",
+                                .clientWidth = 5430, .clientHeight = 3810, .hasMenu = true};
 
 const forms::ControlArgs kControls[] = {
     // The logo has a tool tip that invites a click, but no click of its own.
-    {"Picture1", -1, ControlType::PictureBox, "", nullptr, 120, 0, 5175, 1285, true, 0,
-     forms::kSystemColor, 1, "LOGO"},
-    {"Frame1", -1, ControlType::Frame, "Resolution", nullptr, 3480, 1440, 1815, 2295},
-    {"Check1", 0, ControlType::CheckBox, "640x480", "Frame1", 240, 360, 1215, 255},
-    {"Check1", 1, ControlType::CheckBox, "800x600", "Frame1", 240, 720, 1215, 255},
-    {"Check1", 2, ControlType::CheckBox, "1024x768", "Frame1", 240, 1080, 1215, 255},
-    {"Check1", 3, ControlType::CheckBox, "1280x1024", "Frame1", 240, 1440, 1215, 255},
-    {"Check1", 4, ControlType::CheckBox, "1600x1200", "Frame1", 240, 1800, 1215, 255},
-    {"Command1", -1, ControlType::CommandButton, "CPU Benchmark", nullptr, 120, 2640, 1455, 495},
-    {"Command2", -1, ControlType::CommandButton, "High Quality", nullptr, 120, 1440, 1455, 495},
-    {"Command3", -1, ControlType::CommandButton, "Low Quality", nullptr, 120, 2040, 1455, 495},
-    {"Command4", -1, ControlType::CommandButton, "Custom Test", nullptr, 120, 3240, 1455, 495},
-    {"Frame2", -1, ControlType::Frame, "Rendering Engine", nullptr, 1680, 2640, 1695, 1095},
-    {"Option1", -1, ControlType::OptionButton, "Direct3D", "Frame2", 240, 360, 1215, 255},
-    {"Option2", -1, ControlType::OptionButton, "OpenGL", "Frame2", 240, 720, 1215, 255},
-    {"Frame3", -1, ControlType::Frame, "Version", nullptr, 1680, 1440, 1695, 1095},
-    {"Option3", -1, ControlType::OptionButton, "Full", "Frame3", 240, 360, 1215, 255, false},
-    {"Option4", -1, ControlType::OptionButton, "Demo", "Frame3", 240, 720, 1215, 195, false},
+    {.name = "Picture1", .type = T::PictureBox, .at = {120, 0, 5175, 1285}, .picture = "LOGO"},
+    {.name = "Frame1", .type = T::Frame, .caption = "Resolution", .at = {3480, 1440, 1815, 2295}},
+    {.name = "Check1", .type = T::CheckBox, .caption = "640x480", .at = {240, 360, 1215, 255},
+     .container = "Frame1", .index = 0},
+    {.name = "Check1", .type = T::CheckBox, .caption = "800x600", .at = {240, 720, 1215, 255},
+     .container = "Frame1", .index = 1},
+    {.name = "Check1", .type = T::CheckBox, .caption = "1024x768", .at = {240, 1080, 1215, 255},
+     .container = "Frame1", .index = 2},
+    {.name = "Check1", .type = T::CheckBox, .caption = "1280x1024", .at = {240, 1440, 1215, 255},
+     .container = "Frame1", .index = 3},
+    {.name = "Check1", .type = T::CheckBox, .caption = "1600x1200", .at = {240, 1800, 1215, 255},
+     .container = "Frame1", .index = 4},
+    {.name = "Command1", .type = T::CommandButton, .caption = "CPU Benchmark",
+     .at = {120, 2640, 1455, 495}},
+    {.name = "Command2", .type = T::CommandButton, .caption = "High Quality",
+     .at = {120, 1440, 1455, 495}},
+    {.name = "Command3", .type = T::CommandButton, .caption = "Low Quality",
+     .at = {120, 2040, 1455, 495}},
+    {.name = "Command4", .type = T::CommandButton, .caption = "Custom Test",
+     .at = {120, 3240, 1455, 495}},
+    {.name = "Frame2", .type = T::Frame, .caption = "Rendering Engine",
+     .at = {1680, 2640, 1695, 1095}},
+    {.name = "Option1", .type = T::OptionButton, .caption = "Direct3D",
+     .at = {240, 360, 1215, 255}, .container = "Frame2"},
+    {.name = "Option2", .type = T::OptionButton, .caption = "OpenGL", .at = {240, 720, 1215, 255},
+     .container = "Frame2"},
+    {.name = "Frame3", .type = T::Frame, .caption = "Version", .at = {1680, 1440, 1695, 1095}},
+    {.name = "Option3", .type = T::OptionButton, .caption = "Full", .at = {240, 360, 1215, 255},
+     .container = "Frame3", .enabled = false},
+    {.name = "Option4", .type = T::OptionButton, .caption = "Demo", .at = {240, 720, 1215, 195},
+     .container = "Frame3", .enabled = false},
 };
 
 const forms::MenuArgs kMenus[] = {
-    {"mnuFile", "&File", nullptr},
-    {"mnuExit", "E&xit", "mnuFile"},
-    {"mnuHelp", "&Help", nullptr},
-    {"mnuAbout", "&About", "mnuHelp"},
-    {"mnuHelp2", "H&elp", "mnuHelp"},
+    {.name = "mnuFile", .caption = "&File"},
+    {.name = "mnuExit", .caption = "E&xit", .parent = "mnuFile", .command = menu_commands::kExit},
+    {.name = "mnuHelp", .caption = "&Help"},
+    {.name = "mnuAbout", .caption = "&About", .parent = "mnuHelp", .command = menu_commands::kAbout},
+    {.name = "mnuHelp2", .caption = "H&elp", .parent = "mnuHelp", .command = menu_commands::kHelp},
 };
 
 }  // namespace
 
 Form1::Form1()
-    : forms::Window(kWindow),
-      Picture1((AddControls(kControls, std::size(kControls)), Get<forms::PictureBox>("Picture1"))),
+    : forms::Window(kWindow, kControls, kMenus),
+      Picture1(Get<forms::PictureBox>("Picture1")),
       Check1{&Get<forms::CheckBox>("Check1", 0), &Get<forms::CheckBox>("Check1", 1),
              &Get<forms::CheckBox>("Check1", 2), &Get<forms::CheckBox>("Check1", 3),
              &Get<forms::CheckBox>("Check1", 4)},
@@ -59,7 +73,6 @@ Form1::Form1()
       Option2(Get<forms::OptionButton>("Option2")),
       Option3(Get<forms::OptionButton>("Option3")),
       Option4(Get<forms::OptionButton>("Option4")) {
-  AddMenus(kMenus, std::size(kMenus));
   Picture1.SetToolTipText(product::LogoToolTip());
   Command1.Click = [this] { Command1_Click(); };
   Command2.Click = [this] { Command2_Click(); };

@@ -4,35 +4,44 @@
 
 #include "benchmark/mdlBenchmark.h"
 
-using forms::ControlType;
+using T = forms::ControlType;
 
 namespace {
 
-const forms::WindowArgs kWindow{"Form2", "Custom Options", 4380, 3555};
+const forms::WindowArgs kWindow{.name = "Form2", .caption = "Custom Options", .clientWidth = 4380,
+                                .clientHeight = 3555};
 
 const forms::ControlArgs kControls[] = {
-    {"Frame1", -1, ControlType::Frame, "Sound Options", nullptr, 2760, 120, 1455, 1215},
-    {"Option1", -1, ControlType::OptionButton, "Enabled", "Frame1", 240, 240, 975, 375},
-    {"Option2", -1, ControlType::OptionButton, "Disabled", "Frame1", 240, 720, 975, 375, true, 1},
-    {"Option3", -1, ControlType::OptionButton, "Max Detail", "Frame2", 120, 240, 1095, 375, true, 1},
-    {"Option4", -1, ControlType::OptionButton, "Min Detail", "Frame2", 1440, 240, 1215, 375},
-    {"Option5", -1, ControlType::OptionButton, "Custom ini", "Frame2", 2760, 240, 1095, 375},
-    {"Command1", -1, ControlType::CommandButton, "Browse...", "Frame2", 2880, 720, 975, 255, false},
-    {"Command2", -1, ControlType::CommandButton, "Run Test", nullptr, 720, 2880, 1215, 495},
-    {"Command3", -1, ControlType::CommandButton, "Cancel", nullptr, 2280, 2880, 1215, 495},
-    {"Frame2", -1, ControlType::Frame, "INI Options", nullptr, 120, 1440, 4095, 1215},
-    {"Text1", -1, ControlType::TextBox, "", "Frame2", 120, 720, 2535, 285},
-    {"Frame3", -1, ControlType::Frame, "Select Level", nullptr, 120, 120, 2415, 1215},
-    {"Label1", -1, ControlType::Label, "Select the name of the level that you want to use.",
-     "Frame3", 120, 240, 2175, 495},
-    {"Combo1", -1, ControlType::ComboBox, "", nullptr, 240, 840, 2175, 315},
+    {.name = "Frame1", .type = T::Frame, .caption = "Sound Options", .at = {2760, 120, 1455, 1215}},
+    {.name = "Option1", .type = T::OptionButton, .caption = "Enabled", .at = {240, 240, 975, 375},
+     .container = "Frame1"},
+    {.name = "Option2", .type = T::OptionButton, .caption = "Disabled",
+     .at = {240, 720, 975, 375}, .container = "Frame1", .value = 1},
+    {.name = "Option3", .type = T::OptionButton, .caption = "Max Detail",
+     .at = {120, 240, 1095, 375}, .container = "Frame2", .value = 1},
+    {.name = "Option4", .type = T::OptionButton, .caption = "Min Detail",
+     .at = {1440, 240, 1215, 375}, .container = "Frame2"},
+    {.name = "Option5", .type = T::OptionButton, .caption = "Custom ini",
+     .at = {2760, 240, 1095, 375}, .container = "Frame2"},
+    {.name = "Command1", .type = T::CommandButton, .caption = "Browse...",
+     .at = {2880, 720, 975, 255}, .container = "Frame2", .enabled = false},
+    {.name = "Command2", .type = T::CommandButton, .caption = "Run Test",
+     .at = {720, 2880, 1215, 495}},
+    {.name = "Command3", .type = T::CommandButton, .caption = "Cancel",
+     .at = {2280, 2880, 1215, 495}},
+    {.name = "Frame2", .type = T::Frame, .caption = "INI Options", .at = {120, 1440, 4095, 1215}},
+    {.name = "Text1", .type = T::TextBox, .at = {120, 720, 2535, 285}, .container = "Frame2"},
+    {.name = "Frame3", .type = T::Frame, .caption = "Select Level", .at = {120, 120, 2415, 1215}},
+    {.name = "Label1", .type = T::Label,
+     .caption = "Select the name of the level that you want to use.", .at = {120, 240, 2175, 495}, .container = "Frame3"},
+    {.name = "Combo1", .type = T::ComboBox, .at = {240, 840, 2175, 315}},
 };
 
 }  // namespace
 
 Form2::Form2()
-    : forms::Window(kWindow),
-      Option1((AddControls(kControls, std::size(kControls)), Get<forms::OptionButton>("Option1"))),
+    : forms::Window(kWindow, kControls),
+      Option1(Get<forms::OptionButton>("Option1")),
       Option2(Get<forms::OptionButton>("Option2")),
       Option3(Get<forms::OptionButton>("Option3")),
       Option4(Get<forms::OptionButton>("Option4")),

@@ -4,42 +4,47 @@
 
 #include "windows/product.h"
 
-using forms::ControlType;
+using T = forms::ControlType;
 
 namespace {
 
 constexpr std::int32_t kBlack = 0x000000;
 
 // The corner of the client area stands at a fixed place on the screen.
-const forms::WindowArgs kWindow{"frmAbout", "", 5730, 4110, forms::BorderStyle::FixedDialog,
-                                false, 2340, 1935, "cmdOK", "cmdOK"};
+const forms::WindowArgs kWindow{.name = "frmAbout", .clientWidth = 5730, .clientHeight = 4110,
+                                .border = forms::BorderStyle::FixedDialog, .left = 2340, .top = 1935,
+                                .defaultButton = "cmdOK", .cancelButton = "cmdOK"};
 
 const forms::ControlArgs kControls[] = {
-    {"cmdOK", -1, ControlType::CommandButton, "OK", nullptr, 2400, 3600, 1260, 345},
-    {"cmdSysInfo", -1, ControlType::CommandButton, "&System Info...", nullptr, 3840, 3600, 1245, 345},
-    {"lblDescription", -1, ControlType::Label, "Benchmark scripts by the Kelvarnite team",
-     nullptr, 1050, 2805, 3885, 210, true, 0, kBlack},
-    {"lblDisclaimer", -1, ControlType::Label, "Are you Kelvarnite?", nullptr, 1080, 3660, 1230, 225,
-     true, 0, kBlack, 1, nullptr, forms::kSmallText},
-    {"lblTitle", -1, ControlType::Label, "", nullptr, 1050, 1920, 3885, 480, true, 0, kBlack, 1,
-     nullptr, forms::kLargeText},
-    {"lblVersion", -1, ControlType::Label, "", nullptr, 1050, 2460, 3885, 225},
-    {"Label1", -1, ControlType::Label, "Front end by the Kelvarnite UT2k3 Benchmark team", nullptr,
-     1080, 3120, 3855, 255},
-    {"Picture1", -1, ControlType::PictureBox, "", nullptr, 240, 120, 5250, 1425, true, 0,
-     forms::kSystemColor, 1, "ABOUT_BANNER", forms::kBorder | forms::kAutoSize},
-    {"Picture2", -1, ControlType::PictureBox, "", nullptr, 240, 1920, 540, 540, true, 0,
-     forms::kSystemColor, 1, "ABOUT_ICON", forms::kBorder | forms::kAutoSize},
+    {.name = "cmdOK", .type = T::CommandButton, .caption = "OK", .at = {2400, 3600, 1260, 345}},
+    {.name = "cmdSysInfo", .type = T::CommandButton, .caption = "&System Info...",
+     .at = {3840, 3600, 1245, 345}},
+    {.name = "lblDescription", .type = T::Label,
+     .caption = "Benchmark scripts by the Kelvarnite team", .at = {1050, 2805, 3885, 210},
+     .color = kBlack},
+    {.name = "lblDisclaimer", .type = T::Label, .caption = "Are you Kelvarnite?",
+     .at = {1080, 3660, 1230, 225}, .color = kBlack, .flags = forms::kSmallText},
+    {.name = "lblTitle", .type = T::Label, .at = {1050, 1920, 3885, 480}, .color = kBlack,
+     .flags = forms::kLargeText},
+    {.name = "lblVersion", .type = T::Label, .at = {1050, 2460, 3885, 225}},
+    {.name = "Label1", .type = T::Label,
+     .caption = "Front end by the Kelvarnite UT2k3 Benchmark team", .at = {1080, 3120, 3855, 255}},
+    {.name = "Picture1", .type = T::PictureBox, .at = {240, 120, 5250, 1425},
+     .picture = "ABOUT_BANNER", .flags = forms::kBorder | forms::kAutoSize},
+    {.name = "Picture2", .type = T::PictureBox, .at = {240, 1920, 540, 540},
+     .picture = "ABOUT_ICON", .flags = forms::kBorder | forms::kAutoSize},
     // Together an etched rule between the banner and the text.
-    {"Line1", 0, ControlType::Line, "", nullptr, 105, 1620, 5654 - 105, 0, true, 0, 0xFFFFFF, 2},
-    {"Line1", 1, ControlType::Line, "", nullptr, 90, 1605, 5654 - 90, 0, true, 0, 0x808080, 1},
+    {.name = "Line1", .type = T::Line, .at = {105, 1620, 5654 - 105, 0}, .index = 0,
+     .color = 0xFFFFFF, .borderWidth = 2},
+    {.name = "Line1", .type = T::Line, .at = {90, 1605, 5654 - 90, 0}, .index = 1,
+     .color = 0x808080},
 };
 
 }  // namespace
 
 frmAbout::frmAbout()
-    : forms::Window(kWindow),
-      cmdOK((AddControls(kControls, std::size(kControls)), Get<forms::CommandButton>("cmdOK"))),
+    : forms::Window(kWindow, kControls),
+      cmdOK(Get<forms::CommandButton>("cmdOK")),
       cmdSysInfo(Get<forms::CommandButton>("cmdSysInfo")),
       lblTitle(Get<forms::Label>("lblTitle")),
       lblVersion(Get<forms::Label>("lblVersion")),

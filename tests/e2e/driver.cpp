@@ -197,7 +197,7 @@ int Install(const Scenario& s) { return Choose(s.Get("install"), {"none", "full"
 
 // By the menu's Exit, or by the close box (WM_CLOSE), which takes Custom Options along.
 void Exit(HWND main, UINT message = WM_COMMAND) {
-  ::PostMessageW(main, message, message == WM_COMMAND ? ui::kMenuExit : 0, 0);
+  ::PostMessageW(main, message, message == WM_COMMAND ? menu_commands::kExit : 0, 0);
   ui::AwaitProgramEnd();
 }
 
@@ -222,7 +222,7 @@ HWND StartUp(const Scenario& s) {
 void MainWindowTour(const Scenario& s) {
   HWND main = StartUp(s);
   Shot(s, main);
-  ::PostMessageW(main, WM_COMMAND, ui::kMenuHelp, 0);
+  ::PostMessageW(main, WM_COMMAND, menu_commands::kHelp, 0);
   AwaitOpened(ui::kProgramFolder + "\\help.html");
   Click(main, "Custom Test");
   CustomWindow();
@@ -276,7 +276,7 @@ void CustomOptions(const Scenario& s) {
 void About(const Scenario& s) {
   HWND main = MainWindow();
   auto open = [&] {
-    ::PostMessageW(main, WM_COMMAND, ui::kMenuAbout, 0);
+    ::PostMessageW(main, WM_COMMAND, menu_commands::kAbout, 0);
     return ui::AwaitTop(ui::kFormClass, "About " + ui::kTitle);
   };
   HWND about = open();

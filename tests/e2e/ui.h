@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "windows/menu_commands.h"  // the main window's menu, as the program declares it
+
 namespace ui {
 
 // Where tools/wine-lib.sh lays out the program, the games and the driver with its recording
@@ -24,8 +26,6 @@ inline const std::string kDriverFolder = "C:\\Kelvarnite Driver";
 inline const std::string kOpened = kDriverFolder + "\\opened.txt";  // one line per document
 inline const std::string kTitle = "Kelvarnite UT2k3 Benchmark";
 constexpr wchar_t kFormClass[] = L"KelvarniteForm";
-// The main window's menu commands follow the rows of its menu table.
-constexpr int kMenuExit = 101, kMenuAbout = 103, kMenuHelp = 104;
 constexpr int kBoxText = 0xFFFF;  // the text of a message box
 
 struct Failure : std::runtime_error {

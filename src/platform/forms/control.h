@@ -25,16 +25,21 @@ constexpr int kSmallText = 8;  // small print
 // A colour as 0xRRGGBB; kSystemColor keeps the platform's own.
 constexpr std::int32_t kSystemColor = -1;
 
-// One row of a window's control table. Positions and sizes are in twips, from the corner of
-// the container; a null container is the window itself. A line runs from (left, top) to
-// (left + width, top + height).
+// A place and a size in twips, from the corner of the container. A line runs from (left, top)
+// to (left + width, top + height).
+struct Twips {
+  int left = 0, top = 0, width = 0, height = 0;
+};
+
+// One row of a window's control table, by field name; every field but the name and the type
+// has its default.
 struct ControlArgs {
   const char* name;
-  int index;  // the index within a control array, -1 for a lone control
   ControlType type;
-  const char* caption;
-  const char* container;
-  int left, top, width, height;
+  const char* caption = "";
+  Twips at;
+  const char* container = nullptr;  // by name; none: the window itself
+  int index = -1;  // the index within a control array, -1 for a lone control
   bool enabled = true;
   int value = 0;  // check box: 1 ticked; option button: 1 selected
   std::int32_t color = kSystemColor;  // the text of a label, the stroke of a line

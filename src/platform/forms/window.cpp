@@ -33,7 +33,19 @@ std::unique_ptr<Control> MakeControl(Window& window, const ControlArgs& args) {
 
 }  // namespace
 
-Window::Window(const WindowArgs& args) : args_(args), name_(args.name), caption_(args.caption) {}
+Window::Window(const WindowArgs& args, std::span<const ControlArgs> controls,
+               std::span<const MenuArgs> menus)
+    : args_(args), name_(args.name), caption_(args.caption) {
+  for (const ControlArgs& row : controls) controls_.push_back(MakeControl(*this, row));
+  // A frame may follow its controls in tab order, so containers are bound afterwards.
+  for (std::size_t i = 0; i < controls.size(); ++i) {
+    if (controls[i].container == nullptr) continue;
+    Control* container = Find(controls[i].container);
+    if (container == nullptr) throw std::logic_error(std::string("no container ") + controls[i].container);
+    controls_[i]->container_ = container;
+  }
+  for (const MenuArgs& row : menus) menus_.push_back(MenuItem{row, nullptr});
+}
 
 Window::~Window() = default;
 
@@ -47,24 +59,6 @@ Control* Window::Find(const std::string& name, int index) const {
     if (control->Name() == name && control->Index() == index) return control.get();
   }
   return nullptr;
-}
-
-void Window::AddControls(const ControlArgs* table, std::size_t count) {
-  std::size_t first = controls_.size();
-  for (std::size_t i = 0; i < count; ++i) controls_.push_back(MakeControl(*this, table[i]));
-  // A frame may follow its controls in tab order, so containers are bound afterwards.
-  for (std::size_t i = 0; i < count; ++i) {
-    if (table[i].container == nullptr) continue;
-    Control* container = Find(table[i].container);
-    if (container == nullptr) {
-      throw std::logic_error(std::string("no container ") + table[i].container);
-    }
-    controls_[first + i]->container_ = container;
-  }
-}
-
-void Window::AddMenus(const MenuArgs* table, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) menus_.push_back(MenuItem{table[i], nullptr});
 }
 
 MenuItem& Window::Menu(const std::string& name) {

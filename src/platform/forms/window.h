@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -22,8 +23,8 @@ enum class BorderStyle { FixedSingle, FixedDialog };
 
 struct WindowArgs {
   const char* name;
-  const char* caption;
-  int clientWidth, clientHeight;  // twips
+  const char* caption = "";
+  int clientWidth = 0, clientHeight = 0;  // twips
   BorderStyle border = BorderStyle::FixedSingle;
   bool hasMenu = false;
   // Where the corner of the client area lies on the screen, in twips; none: the platform places it.
@@ -33,11 +34,13 @@ struct WindowArgs {
   const char* cancelButton = nullptr;
 };
 
-// One entry of a window's menu; a null parent puts it on the menu bar.
+// One entry of a window's menu; a null parent puts it on the menu bar. A command carries the
+// id that the platform's menu sends for it.
 struct MenuArgs {
   const char* name;
   const char* caption;  // "&" marks the access key
-  const char* parent;
+  const char* parent = nullptr;
+  int command = 0;
 };
 
 struct MenuItem {
@@ -47,7 +50,10 @@ struct MenuItem {
 
 class Window {
  public:
-  explicit Window(const WindowArgs& args);
+  // The window with its controls, in tab order, and its menu; the form binds its members to
+  // them by name afterwards.
+  Window(const WindowArgs& args, std::span<const ControlArgs> controls,
+         std::span<const MenuArgs> menus = {});
   virtual ~Window();
   Window(const Window&) = delete;
   Window& operator=(const Window&) = delete;
@@ -82,9 +88,6 @@ class Window {
   void UserPressEscape();
 
  protected:
-  // Builds the controls of one table, in tab order.
-  void AddControls(const ControlArgs* table, std::size_t count);
-  void AddMenus(const MenuArgs* table, std::size_t count);
   virtual void Form_Load() {}
   virtual void Form_Unload() {}
 

@@ -14,9 +14,9 @@
 
 namespace win32 {
 
-// Menu entries and controls get command ids of their own ranges. Both stay clear of IDOK and
-// IDCANCEL, which the dialog manager sends for Enter and Esc and the window procedure hands
-// to the form.
+// Menu entries without a command of their own and controls get ids of their own ranges. Both
+// stay clear of IDOK and IDCANCEL, which the dialog manager sends for Enter and Esc and the
+// window procedure hands to the form.
 constexpr int kFirstMenuId = 100;
 constexpr int kFirstControlId = 1000;
 

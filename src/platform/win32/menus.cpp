@@ -3,6 +3,16 @@
 
 namespace win32 {
 
+namespace {
+
+// The id an entry's command sends: its own, or else one that follows from its row.
+int CommandOf(const std::vector<forms::MenuItem>& items, std::size_t row) {
+  const int declared = items[row].args.command;
+  return declared != 0 ? declared : kFirstMenuId + static_cast<int>(row);
+}
+
+}  // namespace
+
 // An entry that other entries name as their parent is a drop-down menu; every other entry is
 // a command whose id follows from its row.
 HMENU BuildMenuBar(const forms::Window& window) {
@@ -34,18 +44,20 @@ HMENU BuildMenuBar(const forms::Window& window) {
     } else if (caption == "-") {
       ::AppendMenuA(target, MF_SEPARATOR, 0, nullptr);
     } else {
-      ::AppendMenuA(target, MF_STRING, static_cast<UINT_PTR>(kFirstMenuId + i), caption.c_str());
+      ::AppendMenuA(target, MF_STRING, static_cast<UINT_PTR>(CommandOf(items, i)), caption.c_str());
     }
   }
   return bar;
 }
 
 void OnMenu(forms::Window& window, int id) {
-  if (id < kFirstMenuId) return;
-  auto index = static_cast<std::size_t>(id - kFirstMenuId);
-  if (index >= window.Menus().size()) return;
-  const std::string name = window.Menus()[index].args.name;
-  window.UserMenuClick(name);
+  const auto& items = window.Menus();
+  for (std::size_t row = 0; row < items.size(); ++row) {
+    if (CommandOf(items, row) != id) continue;
+    const std::string name = items[row].args.name;
+    window.UserMenuClick(name);
+    return;
+  }
 }
 
 }  // namespace win32
