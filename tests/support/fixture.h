@@ -37,8 +37,9 @@ inline const headless::Box kPleaseInstall = {"Please install UT2003[full version
 // An expected file of tests/golden, as bytes.
 std::string Golden(const std::string& name);
 
+// Public, so that the rows of a table, written outside the fixture, can call the helpers.
 class HeadlessTest : public ::testing::Test {
- protected:
+ public:
   void SetUp() override;
   void TearDown() override;
   // A new machine for the next row of a table.
