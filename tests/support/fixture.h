@@ -46,6 +46,8 @@ class HeadlessTest : public ::testing::Test {
   void Fresh() { TearDown(); SetUp(); }
   // A new machine with the full game, and the program started on it.
   Form1& FreshStart() { Fresh(); InstallFull(); return StartProgram(); }
+  // The full game installed, and the program started.
+  static Form1& StartFull() { InstallFull(); return StartProgram(); }
 
   // A variant installed at a folder: its registry key, its program and its log folder.
   static void Install(const char* key, const std::string& folder);

@@ -7,29 +7,26 @@
 
 #include <cctype>
 #include <string>
-#include <type_traits>
+#include <tuple>
 
 namespace testing_support {
 
 inline std::string RowName(const std::string& words) {
   std::string name;
   bool wordStarts = true;
-  for (const char c : words) {
+  for (const unsigned char c : words) {
     if (c == '\'') continue;  // "tool's" stays one word
-    const bool kept = std::isalnum(static_cast<unsigned char>(c)) || c == '_';
-    if (kept) name += wordStarts ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
+    const bool kept = std::isalnum(c) || c == '_';
+    if (kept) name += static_cast<char>(wordStarts ? std::toupper(c) : c);
     wordStarts = !kept;
   }
   return name;
 }
 
-// The name generator of INSTANTIATE_TEST_SUITE_P for rows that are texts or have a `name`.
-struct ByName {
-  template <class Row>
-  std::string operator()(const testing::TestParamInfo<Row>& row) const {
-    if constexpr (std::is_convertible_v<Row, std::string>) return RowName(row.param);
-    else return RowName(row.param.name);
-  }
-};
+// The name generator of INSTANTIATE_TEST_SUITE_P: a row is a text, or a tuple that begins with one.
+inline std::string NameOf(const std::string& text) { return RowName(text); }
+template <class... Fields>
+std::string NameOf(const std::tuple<Fields...>& row) { return RowName(std::get<0>(row)); }
+inline constexpr auto ByName = [](const auto& row) { return NameOf(row.param); };
 
 }  // namespace testing_support
