@@ -10,6 +10,7 @@
 
 #include "benchmark/mdlBenchmark.h"
 #include "platform/headless/headless.h"
+#include "support/row_name.h"
 #include "windows/Form1.h"
 #include "windows/Form2.h"
 

@@ -2,7 +2,6 @@
 #include <tuple>
 
 #include "support/fixture.h"
-#include "support/row_name.h"
 #include "windows/frmAbout.h"
 
 namespace {

@@ -8,33 +8,33 @@ using namespace testing_support;
 class CustomTest : public HeadlessTest {};
 
 // What the end-to-end runs leave out: the demo's dm-asbestos at 71 seconds (77 in its suite),
-// an entry without a star, Min Detail, and a path typed into the box. The line of each row's
-// one start, at 1024x768 with OpenGL and no sound, is a line of custom-test.starts.
-TEST_F(CustomTest, ChoicesOfTheWindowShapeTheLine) {
-  // The variant, the entry of the level list, and the detail: 3 Max, 4 Min, 5 Custom ini.
-  const std::tuple<bool, int, int> rows[] = {{true, 3, 3}, {false, 0, 4}, {false, 0, 5}};
+// an entry without a star, Min Detail, and a path typed into the box. Each row, a golden file's
+// name, the variant, the entry of the level list and the detail (3 Max, 4 Min, 5 Custom ini),
+// makes one start, at 1024x768 with OpenGL and no sound: the line of custom-<name>.starts.
+class Choices : public CustomTest, public testing::WithParamInterface<std::tuple<const char*, bool, int, int>> {};
+TEST_P(Choices, ShapeTheLine) {
+  const auto& [name, demo, entry, detail] = GetParam();
+  demo ? InstallDemo() : InstallFull();
+  headless::Click(StartProgram().Option2);
+  Tick({2});
+  Form2& custom = OpenCustom();
+  headless::SelectItem(custom.Combo1, entry);
+  headless::Click(detail == 4 ? custom.Option4 : detail == 5 ? custom.Option5 : custom.Option3);
+  EXPECT_TRUE(detail != 5 || headless::TypeText(custom.Text1, "E:\\pasted.ini"));
+  headless::Click(custom.Command2);
   std::string lines;
-  for (const auto& [demo, entry, detail] : rows) {
-    Fresh();
-    demo ? InstallDemo() : InstallFull();
-    headless::Click(StartProgram().Option2);
-    Tick({2});
-    Form2& custom = OpenCustom();
-    headless::SelectItem(custom.Combo1, entry);
-    headless::Click(detail == 4 ? custom.Option4 : detail == 5 ? custom.Option5 : custom.Option3);
-    EXPECT_TRUE(detail != 5 || headless::TypeText(custom.Text1, "E:\\pasted.ini"));
-    headless::Click(custom.Command2);
-    for (const headless::Start& start : headless::Starts()) lines += start.commandLine + "\n";
-    EXPECT_EQ(CustomWindow(), &custom);  // it stays open with its choices
-  }
-  EXPECT_EQ(lines, Golden("custom-test.starts"));
+  for (const headless::Start& start : headless::Starts()) lines += start.commandLine + "\n";
+  EXPECT_EQ(lines, Golden("custom-" + std::string(name) + ".starts"));
+  EXPECT_EQ(CustomWindow(), &custom);  // it stays open with its choices
 }
+INSTANTIATE_TEST_SUITE_P(CustomTest, Choices, testing::Values(std::tuple("demo-max-detail", true, 3, 3),
+    std::tuple("full-min-detail", false, 0, 4), std::tuple("full-custom-ini", false, 0, 5)), ByName);
 
 // Custom ini enables Browse; a cancelled dialog keeps the path; a detail option empties it and
 // disables Browse. "Custom Test" empties the logs and keeps an open window with its choices;
 // Cancel drops them.
 TEST_F(CustomTest, IniOptionsAndTheWindowsLife) {
-  FreshStart();
+  StartFull();
   Form2& custom = OpenCustom();
   headless::Click(custom.Option5);
   EXPECT_TRUE(custom.Command1.Enabled());
