@@ -29,4 +29,8 @@ template <class... Fields>
 std::string NameOf(const std::tuple<Fields...>& row) { return RowName(std::get<0>(row)); }
 inline constexpr auto ByName = [](const auto& row) { return NameOf(row.param); };
 
+// The fixture of a table: its tests run once for each row, a tuple of these fields.
+template <class Fixture, class... Fields>
+class Rows : public Fixture, public testing::WithParamInterface<std::tuple<Fields...>> {};
+
 }  // namespace testing_support

@@ -50,8 +50,7 @@ const std::string kZ(1, '\0'), kBox = "the box", kBare = "C:\\Tools\\msinfo.exe"
 // The type of the first lookup's PATH (0: none) and its bytes, the folder of the second lookup
 // if any, whether the first key grants only reading, whether the second lookup is made, and
 // what was started, or the box.
-using Lookup = std::tuple<const char*, std::uint32_t, std::string, std::string, bool, bool, std::string>;
-class SystemInfo : public About, public testing::WithParamInterface<Lookup> {};
+using SystemInfo = Rows<About, const char*, std::uint32_t, std::string, std::string, bool, bool, std::string>;
 
 // Where the registry names the system information tool, and what comes of each answer: the
 // tool started in a normal window and left alone, or the one box for every cause.
@@ -77,24 +76,24 @@ TEST_P(SystemInfo, StartsTheToolTheRegistryNames) {
   EXPECT_NE(Window(), nullptr);  // the About window stays open
 }
 INSTANTIATE_TEST_SUITE_P(About, SystemInfo, testing::Values(
-    Lookup{"a whole path, not looked for", platform::kRegSz, kTool + kZ, "", false, false, kTool},
-    Lookup{"without a terminator the last character stays", platform::kRegSz, kBare, "", false, false, kBare},
-    Lookup{"1024 bytes with the terminator", platform::kRegSz, kDeep1023 + kZ, "", false, false, kDeep1023},
-    Lookup{"1025 bytes count as missing", platform::kRegSz, kDeep1024 + kZ, "", false, true, kBox},
-    Lookup{"the file is gone", platform::kRegSz, "C:\\Gone.exe" + kZ, "C:\\Windows\\System32", false, false, kBox},
-    Lookup{"an expandable path reads as empty", platform::kRegExpandSz, kTool + kZ, "", false, false, kBox},
-    Lookup{"a value of no bytes", platform::kRegSz, "", "", false, false, kBox},
-    Lookup{"a key that grants only reading", platform::kRegSz, kTool + kZ, "", true, true, kBox},
-    Lookup{"the folder of the second lookup", 0, "", "C:\\Windows\\System32", false, true, kTool},
-    Lookup{"a folder without the tool", 0, "", "C:\\Empty", false, true, kBox},
-    Lookup{"a folder by the tool's name is no file", 0, "", "C:\\Odd", false, true, kBox},
-    Lookup{"a hidden or system file by the tool's name is passed over", 0, "", "C:\\Hidden", false, true, kBox},
-    Lookup{"no lookup answers", 0, "", "", false, true, kBox}), ByName);
+    std::tuple("a whole path, not looked for", platform::kRegSz, kTool + kZ, "", false, false, kTool),
+    std::tuple("without a terminator the last character stays", platform::kRegSz, kBare, "", false, false, kBare),
+    std::tuple("1024 bytes with the terminator", platform::kRegSz, kDeep1023 + kZ, "", false, false, kDeep1023),
+    std::tuple("1025 bytes count as missing", platform::kRegSz, kDeep1024 + kZ, "", false, true, kBox),
+    std::tuple("the file is gone", platform::kRegSz, "C:\\Gone.exe" + kZ, "C:\\Windows\\System32", false, false, kBox),
+    std::tuple("an expandable path reads as empty", platform::kRegExpandSz, kTool + kZ, "", false, false, kBox),
+    std::tuple("a value of no bytes", platform::kRegSz, "", "", false, false, kBox),
+    std::tuple("a key that grants only reading", platform::kRegSz, kTool + kZ, "", true, true, kBox),
+    std::tuple("the folder of the second lookup", 0, "", "C:\\Windows\\System32", false, true, kTool),
+    std::tuple("a folder without the tool", 0, "", "C:\\Empty", false, true, kBox),
+    std::tuple("a folder by the tool's name is no file", 0, "", "C:\\Odd", false, true, kBox),
+    std::tuple("a hidden or system file by the tool's name is passed over", 0, "", "C:\\Hidden", false, true, kBox),
+    std::tuple("no lookup answers", 0, "", "", false, true, kBox)), ByName);
 
 // A number comes back as the decimal value of its bytes' digits, most significant byte first,
 // a zero top byte cut off as a terminator would be; four digits or fewer are a 16-bit number.
 // Each row is a number, in hexadecimal, and its text.
-class Numbers : public About, public testing::WithParamInterface<std::tuple<const char*, const char*>> {};
+using Numbers = Rows<About, const char*, const char*>;
 TEST_P(Numbers, ComeBackAsText) {
   const auto& [number, text] = GetParam();
   headless::SetDword(kHklm, kPathKey, "PATH", static_cast<std::uint32_t>(std::stoul(number, nullptr, 16)));

@@ -11,7 +11,7 @@ class CustomTest : public HeadlessTest {};
 // an entry without a star, Min Detail, and a path typed into the box. Each row, a golden file's
 // name, the variant, the entry of the level list and the detail (3 Max, 4 Min, 5 Custom ini),
 // makes one start, at 1024x768 with OpenGL and no sound: the line of custom-<name>.starts.
-class Choices : public CustomTest, public testing::WithParamInterface<std::tuple<const char*, bool, int, int>> {};
+using Choices = Rows<CustomTest, const char*, bool, int, int>;
 TEST_P(Choices, ShapeTheLine) {
   const auto& [name, demo, entry, detail] = GetParam();
   demo ? InstallDemo() : InstallFull();
