@@ -54,4 +54,12 @@ std::string Golden(const std::string& name) {
   return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
+std::string GoldenPart(const std::string& file, const std::string& from, const std::string& to) {
+  const std::string golden = "\n" + Golden(file);  // so that `from` may match the first line too
+  const std::size_t found = golden.find(from);
+  if (found == std::string::npos) return "<no " + from + " in " + file + ">";
+  const std::size_t start = found + from.size(), end = golden.find(to, start - 1);
+  return golden.substr(start, end == std::string::npos ? end : end + 1 - start);
+}
+
 }  // namespace testing_support

@@ -37,6 +37,8 @@ inline const headless::Box kPleaseInstall = {"Please install UT2003[full version
 
 // An expected file of tests/golden, as bytes.
 std::string Golden(const std::string& name);
+// The part of a golden file after the first `from`, up to the line end before the next `to`.
+std::string GoldenPart(const std::string& file, const std::string& from, const std::string& to);
 
 // Public, so that the rows of a table, written outside the fixture, can call the helpers.
 class HeadlessTest : public ::testing::Test {
