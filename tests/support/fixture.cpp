@@ -56,10 +56,9 @@ std::string Golden(const std::string& name) {
 
 std::string GoldenPart(const std::string& file, const std::string& from, const std::string& to) {
   const std::string golden = "\n" + Golden(file);  // so that `from` may match the first line too
-  const std::size_t found = golden.find(from);
+  const std::size_t found = golden.find(from), start = found + from.size();
   if (found == std::string::npos) return "<no " + from + " in " + file + ">";
-  const std::size_t start = found + from.size(), end = golden.find(to, start - 1);
-  return golden.substr(start, end == std::string::npos ? end : end + 1 - start);
+  return golden.substr(start, golden.find(to, start - 1) + 1 - start);  // npos + 1 is 0: all the rest
 }
 
 }  // namespace testing_support

@@ -10,7 +10,7 @@
 
 #include "benchmark/mdlBenchmark.h"
 #include "platform/headless/headless.h"
-#include "support/row_name.h"
+#include "support/rows.h"
 #include "windows/Form1.h"
 #include "windows/Form2.h"
 
@@ -45,10 +45,6 @@ class HeadlessTest : public ::testing::Test {
  public:
   void SetUp() override;
   void TearDown() override;
-  // A new machine for the next row of a table.
-  void Fresh() { TearDown(); SetUp(); }
-  // A new machine with the full game, and the program started on it.
-  Form1& FreshStart() { Fresh(); InstallFull(); return StartProgram(); }
   // The full game installed, and the program started.
   static Form1& StartFull() { InstallFull(); return StartProgram(); }
 

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <tuple>
 
 #include "support/fixture.h"
 #include "windows/frmAbout.h"
@@ -47,15 +46,15 @@ std::string Folders(int count) { return count == 0 ? "C:" : Folders(count - 1) +
 const std::string kDeep1023 = Folders(10) + "\\" + std::string(10, 'x'), kDeep1024 = kDeep1023 + "x";
 const std::string kZ(1, '\0'), kBox = "the box", kBare = "C:\\Tools\\msinfo.exe";
 
-// The type of the first lookup's PATH (0: none) and its bytes, the folder of the second lookup
-// if any, whether the first key grants only reading, whether the second lookup is made, and
-// what was started, or the box.
+// Each row: the type of the first lookup's PATH (0: none) and its bytes, the folder of the
+// second lookup if any, whether the first key grants only reading, whether the second lookup is
+// made, and what was started, or the box.
 using SystemInfo = Rows<About, const char*, std::uint32_t, std::string, std::string, bool, bool, std::string>;
 
 // Where the registry names the system information tool, and what comes of each answer: the
 // tool started in a normal window and left alone, or the one box for every cause.
 TEST_P(SystemInfo, StartsTheToolTheRegistryNames) {
-  const auto& [description, type, path, folder, readOnlyKey, secondLookup, outcome] = GetParam();
+  const auto& [name, type, path, folder, readOnlyKey, secondLookup, outcome] = GetParam();
   headless::ChooseMenu(StartFull(), "mnuAbout");
   for (const std::string& file : {std::string(kTool), kBare, kDeep1023, kDeep1024}) headless::PutFile(file, "x");
   headless::MakeFolder("C:\\Odd\\MSINFO32.EXE");
@@ -75,20 +74,19 @@ TEST_P(SystemInfo, StartsTheToolTheRegistryNames) {
   EXPECT_EQ(headless::OpenKeyCount(), 0);
   EXPECT_NE(Window(), nullptr);  // the About window stays open
 }
-INSTANTIATE_TEST_SUITE_P(About, SystemInfo, testing::Values(
-    std::tuple("a whole path, not looked for", platform::kRegSz, kTool + kZ, "", false, false, kTool),
-    std::tuple("without a terminator the last character stays", platform::kRegSz, kBare, "", false, false, kBare),
-    std::tuple("1024 bytes with the terminator", platform::kRegSz, kDeep1023 + kZ, "", false, false, kDeep1023),
-    std::tuple("1025 bytes count as missing", platform::kRegSz, kDeep1024 + kZ, "", false, true, kBox),
-    std::tuple("the file is gone", platform::kRegSz, "C:\\Gone.exe" + kZ, "C:\\Windows\\System32", false, false, kBox),
-    std::tuple("an expandable path reads as empty", platform::kRegExpandSz, kTool + kZ, "", false, false, kBox),
-    std::tuple("a value of no bytes", platform::kRegSz, "", "", false, false, kBox),
-    std::tuple("a key that grants only reading", platform::kRegSz, kTool + kZ, "", true, true, kBox),
-    std::tuple("the folder of the second lookup", 0, "", "C:\\Windows\\System32", false, true, kTool),
-    std::tuple("a folder without the tool", 0, "", "C:\\Empty", false, true, kBox),
-    std::tuple("a folder by the tool's name is no file", 0, "", "C:\\Odd", false, true, kBox),
-    std::tuple("a hidden or system file by the tool's name is passed over", 0, "", "C:\\Hidden", false, true, kBox),
-    std::tuple("no lookup answers", 0, "", "", false, true, kBox)), ByName);
+INSTANTIATE_TEST_SUITE_P(About, SystemInfo, testing::ValuesIn(std::vector<SystemInfo::ParamType>{
+    {"WholePathNotLookedFor", platform::kRegSz, kTool + kZ, "", false, false, kTool},
+    {"NoTerminatorTheLastCharacterStays", platform::kRegSz, kBare, "", false, false, kBare},
+    {"Bytes1024WithTheTerminator", platform::kRegSz, kDeep1023 + kZ, "", false, false, kDeep1023},
+    {"Bytes1025CountAsMissing", platform::kRegSz, kDeep1024 + kZ, "", false, true, kBox},
+    {"FileGone", platform::kRegSz, "C:\\Gone.exe" + kZ, "C:\\Windows\\System32", false, false, kBox},
+    {"ExpandablePathReadsAsEmpty", platform::kRegExpandSz, kTool + kZ, "", false, false, kBox},
+    {"ValueOfNoBytes", platform::kRegSz, "", "", false, false, kBox},
+    {"KeyGrantsOnlyReading", platform::kRegSz, kTool + kZ, "", true, true, kBox},
+    {"FolderOfTheSecondLookup", 0, "", "C:\\Windows\\System32", false, true, kTool},
+    {"FolderWithoutTheTool", 0, "", "C:\\Empty", false, true, kBox}, {"NoLookupAnswers", 0, "", "", false, true, kBox},
+    {"FolderByTheToolsNameIsNoFile", 0, "", "C:\\Odd", false, true, kBox},
+    {"HiddenOrSystemFileByTheToolsNameIsPassedOver", 0, "", "C:\\Hidden", false, true, kBox}}), ByName);
 
 // A number comes back as the decimal value of its bytes' digits, most significant byte first,
 // a zero top byte cut off as a terminator would be; four digits or fewer are a 16-bit number.

@@ -1,5 +1,3 @@
-#include <tuple>
-
 #include "support/fixture.h"
 
 namespace {
@@ -8,12 +6,12 @@ using namespace testing_support;
 class CustomTest : public HeadlessTest {};
 
 // What the end-to-end runs leave out: the demo's dm-asbestos at 71 seconds (77 in its suite),
-// an entry without a star, Min Detail, and a path typed into the box. Each row, a golden file's
-// name, the variant, the entry of the level list and the detail (3 Max, 4 Min, 5 Custom ini),
-// makes one start, at 1024x768 with OpenGL and no sound: the line of custom-<name>.starts.
-using Choices = Rows<CustomTest, const char*, bool, int, int>;
+// an entry without a star, Min Detail, and a path typed into the box. Each row, with the variant,
+// the entry of the level list and the detail (3 Max, 4 Min, 5 Custom ini), makes one start, at
+// 1024x768 with OpenGL and no sound: the line of its golden file.
+using Choices = Rows<CustomTest, const char*, const char*, bool, int, int>;
 TEST_P(Choices, ShapeTheLine) {
-  const auto& [name, demo, entry, detail] = GetParam();
+  const auto& [name, golden, demo, entry, detail] = GetParam();
   demo ? InstallDemo() : InstallFull();
   headless::Click(StartProgram().Option2);
   Tick({2});
@@ -24,11 +22,12 @@ TEST_P(Choices, ShapeTheLine) {
   headless::Click(custom.Command2);
   std::string lines;
   for (const headless::Start& start : headless::Starts()) lines += start.commandLine + "\n";
-  EXPECT_EQ(lines, Golden("custom-" + std::string(name) + ".starts"));
+  EXPECT_EQ(lines, Golden(golden));
   EXPECT_EQ(CustomWindow(), &custom);  // it stays open with its choices
 }
-INSTANTIATE_TEST_SUITE_P(CustomTest, Choices, testing::Values(std::tuple("demo-max-detail", true, 3, 3),
-    std::tuple("full-min-detail", false, 0, 4), std::tuple("full-custom-ini", false, 0, 5)), ByName);
+INSTANTIATE_TEST_SUITE_P(CustomTest, Choices, testing::ValuesIn(std::vector<Choices::ParamType>{
+    {"DemoMaxDetail", "custom-demo-max.starts", true, 3, 3}, {"FullMinDetail", "custom-full-min.starts", false, 0, 4},
+    {"FullCustomIni", "custom-full-ini.starts", false, 0, 5}}), ByName);
 
 // Custom ini enables Browse; a cancelled dialog keeps the path; a detail option empties it and
 // disables Browse. "Custom Test" empties the logs and keeps an open window with its choices;

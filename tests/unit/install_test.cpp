@@ -1,5 +1,3 @@
-#include <tuple>
-
 #include "platform/forms/window.h"
 #include "support/fixture.h"
 
@@ -31,7 +29,8 @@ class Install : public HeadlessTest {
 // Both installed: the demo's handler runs nested between two runs of the full game's, and the
 // full game ends up selected. Custom Options then shows the list of the variant: any variant
 // but the full game, none found included, gets the demo's. The folder values of other kinds
-// are checked end to end. Each row: what is installed, the state and the keys opened.
+// are checked end to end. Each row: whether each variant is installed, the state and the keys
+// opened.
 using StartUp = Rows<Install, const char*, bool, bool, const char*, const char*>;
 TEST_P(StartUp, StatesAndFolderValues) {
   const auto& [name, full, demo, state, keys] = GetParam();
@@ -46,10 +45,10 @@ TEST_P(StartUp, StatesAndFolderValues) {
                             c.Option2.Value(), c.Option3.Value(), c.Command1.Enabled(), c.Text1.Text()),
             std::make_tuple(true, state[0] == '1' ? 37 : 4, "dm-antalus*", true, true, false, ""));
 }
-INSTANTIATE_TEST_SUITE_P(Install, StartUp, testing::Values(std::tuple("nothing", false, false, "0000  ", "DF"),
-    std::tuple("full", true, false, "1010 full C:\\Games\\UT2003", "DFF"),
-    std::tuple("demo", false, true, "0101 demo C:\\Games\\UT2003Demo", "DFD"),
-    std::tuple("full and demo", true, true, "1110 full C:\\Games\\UT2003", "DFFDF")), ByName);
+INSTANTIATE_TEST_SUITE_P(Install, StartUp, testing::ValuesIn(std::vector<StartUp::ParamType>{
+    {"Nothing", false, false, "0000  ", "DF"}, {"Full", true, false, "1010 full C:\\Games\\UT2003", "DFF"},
+    {"Demo", false, true, "0101 demo C:\\Games\\UT2003Demo", "DFD"},
+    {"FullAndDemo", true, true, "1110 full C:\\Games\\UT2003", "DFFDF"}}), ByName);
 
 // The logs are emptied (a missing one is made), and a log that cannot be emptied is told once
 // while start-up goes on. A program folder gets its backslash, also when it is given back
@@ -72,9 +71,9 @@ TEST_P(ProgramFolder, StartUpEmptiesTheLogsAndGoesOnAfterABox) {
   EXPECT_EQ(std::make_tuple(headless::IsShown(form), form.Option1.Value(), AppState.RenderEngine),
             std::make_tuple(true, true, "D3D"));
 }
-INSTANTIATE_TEST_SUITE_P(Install, ProgramFolder, testing::Values(
-    std::tuple("a folder", "C:\\Bench", "C:\\Bench\\", false), std::tuple("an empty one", "", "\\", false),
-    std::tuple("a drive root, the log locked", "D:\\", "D:\\", true)), ByName);
+INSTANTIATE_TEST_SUITE_P(Install, ProgramFolder, testing::ValuesIn(std::vector<ProgramFolder::ParamType>{
+    {"Folder", "C:\\Bench", "C:\\Bench\\", false}, {"Empty", "", "\\", false},
+    {"DriveRootAndLockedLog", "D:\\", "D:\\", true}}), ByName);
 
 // A change of variant shows Custom Options anew, with the list of the new variant and its
 // choices dropped; the window is left alone when the variant's own code is set again. The

@@ -39,25 +39,23 @@ TEST_P(Records, ReadIntoFixedFields) {
   EXPECT_EQ(ReadLog(log), GoldenPart("log-records.txt", "\nlog " + Shown(log) + "\n", "\nlog "));
 }
 INSTANTIATE_TEST_SUITE_P(LogTest, Records, testing::ValuesIn(std::vector<Records::ParamType>{
-    {"a whole record", "dm-antalus, 31.20 / 58.44 / 112.90abcd, foo, bar"},
-    {"a long name", "abcdefghijklmnopqrst, 1 / 2 / 3abcd"}, {"four rates", "abc, 31.20 / 58.44 / 112.90 / 7abcd"},
-    {"a long rate", "abcdefghijklmn, 1234567890123 / 2 / 3abcd, x, y"},
-    {"a high rate of four characters", "abc, 31.20 / 58.44 / 1234, x, y"},
-    {"a high rate without a unit", "abc, 31.20 / 58.44 / 112.90, x, y"},
-    {"a quoted comma", "\"dm,antalus\", 1 / 2 / 3abcd, x, y"}, {"a blank line", kAbc + "\r\n\r\n"},
-    {"two records, CR LF", kAbc + "\r\n" + kAbc + "\r\n"}, {"two records, LF", kAbc + "\n" + kAbc + "\n"},
+    {"WholeRecord", "dm-antalus, 31.20 / 58.44 / 112.90abcd, foo, bar"}, {"BlankLine", kAbc + "\r\n\r\n"},
+    {"LongName", "abcdefghijklmnopqrst, 1 / 2 / 3abcd"}, {"FourRates", "abc, 31.20 / 58.44 / 112.90 / 7abcd"},
+    {"LongRate", "abcdefghijklmn, 1234567890123 / 2 / 3abcd, x, y"}, {"TwoRecords_LF", kAbc + "\n" + kAbc + "\n"},
+    {"HighRateOfFourCharacters", "abc, 31.20 / 58.44 / 1234, x, y"}, {"TwoRecords_CRLF", kAbc + "\r\n" + kAbc + "\r\n"},
+    {"HighRateWithoutAUnit", "abc, 31.20 / 58.44 / 112.90, x, y"}, {"Empty", ""},
+    {"QuotedComma", "\"dm,antalus\", 1 / 2 / 3abcd, x, y"},
     // Three items on a line: the fourth comes from the next line and the rest shift.
-    {"three items on a line", "abc, 1 / 2 / 3abcd, x\r\nx, 4 / 5 / 6abcd, y, z\r\n"},
+    {"ThreeItemsOnALine", "abc, 1 / 2 / 3abcd, x\r\nx, 4 / 5 / 6abcd, y, z\r\n"},
     // Five items on a line: the fifth begins the next record.
-    {"five items on a line", "abc, 1 / 2 / 3abcd, x, y, abc\r\n1 / 2 / 3abcd, x, y\r\n"}, {"empty", ""},
+    {"FiveItemsOnALine", "abc, 1 / 2 / 3abcd, x, y, abc\r\n1 / 2 / 3abcd, x, y\r\n"},
     // Malformed items fill what they hold.
-    {"rates without spaces", "a, 31.20/5, x, y"}, {"two rates without spaces", "a, 1 / 2/3abcd, x, y"},
-    {"a high rate without digits", "a, 1 / 2 / abc, x, y"}, {"a name alone", "a"},
-    {"junk after quotes", "\"abc\"junk, 1 / 2 / 3abcd, x, y"}, {"an open quote", "\"ab, 1 / 2 / 3abcd, x, y\r\n"},
+    {"RatesWithoutSpaces", "a, 31.20/5, x, y"}, {"TwoRatesWithoutSpaces", "a, 1 / 2/3abcd, x, y"}, {"NameAlone", "a"},
+    {"HighRateWithoutDigits", "a, 1 / 2 / abc, x, y"}, {"JunkAfterQuotes", "\"abc\"junk, 1 / 2 / 3abcd, x, y"},
+    {"OpenQuote", "\"ab, 1 / 2 / 3abcd, x, y\r\n"}, {"SpacesAfterTheRates", "abc, 1 / 2 / 3abcd  , x, y"},
     // A line end inside quotes belongs to the item, as any other character does.
-    {"a line end inside quotes", "\"dm\r\nx\", 1 / 2 / 3abcd, x, y"}, {"tabs", "\tabc,\t1 / 2 / 3abcd, x, y"},
-    {"CR or LF alone", "abc\r1 / 2 / 3abcd\rx\ry\rabc\n1 / 2 / 3abcd\nx\ny"},
-    {"spaces after the rates", "abc, 1 / 2 / 3abcd  , x, y"}}), ByName);
+    {"LineEndInsideQuotes", "\"dm\r\nx\", 1 / 2 / 3abcd, x, y"}, {"Tabs", "\tabc,\t1 / 2 / 3abcd, x, y"},
+    {"CROrLFAlone", "abc\r1 / 2 / 3abcd\rx\ry\rabc\n1 / 2 / 3abcd\nx\ny"}}), ByName);
 
 // The record index is 16-bit: reading stops after record 32767. A log that cannot be read
 // counts as empty.

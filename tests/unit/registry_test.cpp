@@ -20,8 +20,7 @@ void ExpectRead(const std::string& key, const std::string& name, bool secondQuer
 }
 
 // The shared cases, all stored before any is read, as the check under Wine stores them.
-class RegistryRead : public HeadlessTest {
- public:
+struct RegistryRead : HeadlessTest {
   void SetUp() override {
     HeadlessTest::SetUp();
     for (const auto& c : registry_cases::Cases())
@@ -35,7 +34,7 @@ TEST_P(SharedCase, IsReadWithItsCalls) {
   ExpectRead(KeyOf(c.key), c.value, c.type == platform::kRegSz || c.type == platform::kRegDword, c.wanted);
 }
 INSTANTIATE_TEST_SUITE_P(RegistryRead, SharedCase, testing::ValuesIn(registry_cases::Cases()),
-                         [](const auto& row) { return RowName(row.param.description); });
+                         [](const auto& row) { return std::string(row.param.key) + "_" + row.param.value; });
 
 // A key the user may only read; a value that grows between the probe and the read.
 TEST_F(RegistryRead, WhatOnlyTheHeadlessRegistryHolds) {
@@ -51,7 +50,7 @@ TEST_F(RegistryRead, WhatOnlyTheHeadlessRegistryHolds) {
 // row: the key ("": no handle at all), the value and the status.
 using QueryStatus = Rows<RegistryRead, const char*, const char*, const char*, std::int32_t>;
 TEST_P(QueryStatus, IsThePlatformsCode) {
-  const auto& [description, key, name, status] = GetParam();
+  const auto& [row, key, name, status] = GetParam();
   platform::KeyHandle handle = 0;
   if (*key != '\0') platform::RegOpenKeyExA(kHklm, KeyOf(key), 0, 63, &handle);
   mdlRegistry::RegistryValue value;
@@ -59,8 +58,8 @@ TEST_P(QueryStatus, IsThePlatformsCode) {
   if (handle != 0) platform::RegCloseKey(handle);
   EXPECT_EQ(headless::OpenKeyCount(), 0);
 }
-INSTANTIATE_TEST_SUITE_P(RegistryRead, QueryStatus, testing::Values(std::tuple("a text", "Strings", "Folder", 0),
-    std::tuple("a type not read", "Strings", "Expand", -1), std::tuple("a missing value", "Strings", "Missing", 2),
-    std::tuple("a number too long", "Numbers", "Long", 234), std::tuple("no key", "", "Folder", 6)), ByName);
+INSTANTIATE_TEST_SUITE_P(RegistryRead, QueryStatus, testing::ValuesIn(std::vector<QueryStatus::ParamType>{
+    {"Text", "Strings", "Folder", 0}, {"TypeNotRead", "Strings", "Expand", -1}, {"Missing", "Strings", "Missing", 2},
+    {"NumberTooLong", "Numbers", "Long", 234}, {"NoKey", "", "Folder", 6}}), ByName);
 
 }  // namespace

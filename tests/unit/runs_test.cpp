@@ -1,13 +1,10 @@
 #include <functional>
-#include <tuple>
 
 #include "platform/system_errors.h"
 #include "support/fixture.h"
 
 namespace {
 using namespace testing_support;
-
-class Runs : public HeadlessTest {};
 
 const std::string kNone = "Please Select at least one resolution to use";
 const std::function<void()> kUntick = [] { HeadlessTest::Tick({1}); };
@@ -21,7 +18,8 @@ const std::function<void()> kUntick = [] { HeadlessTest::Tick({1}); };
 // refused in the same way. Each row: the button of the main window (4: then "Run Test" of
 // Custom Options with Custom ini), what is wrong, the box and how often it comes, whether the
 // run controls are locked meanwhile, and the starts.
-using RefusedRun = Rows<Runs, const char*, int, std::function<void()>, headless::Box, std::size_t, bool, std::size_t>;
+using RefusedRun =
+    Rows<HeadlessTest, const char*, int, std::function<void()>, headless::Box, std::size_t, bool, std::size_t>;
 TEST_P(RefusedRun, EndsTheTest) {
   const auto& [name, button, fault, box, boxes, locked, starts] = GetParam();
   Form1& form = StartFull();
@@ -80,9 +78,9 @@ INSTANTIATE_TEST_SUITE_P(Runs, RefusedRun, testing::ValuesIn(std::vector<Refused
 // logs are left alone, the full game's suite runs, every start of "\System\ut2003.exe" fails
 // with 53, and the report has seven blank columns at one resolution and the notes, with no
 // variant to name. Each run's starts and report are the golden files of its name.
-using FailedStarts = Rows<Runs, std::string>;
+using FailedStarts = Rows<HeadlessTest, const char*, std::string>;
 TEST_P(FailedStarts, AreToldAndTheRunStillReports) {
-  const auto& [run] = GetParam();
+  const auto& [name, run] = GetParam();
   const bool found = run == "demo-suite";
   if (found) {
     InstallDemo();
@@ -108,8 +106,8 @@ TEST_P(FailedStarts, AreToldAndTheRunStillReports) {
             (std::vector<headless::ShellCall>{{form.hWnd(), "Open", kReport, {}, {}, 1}}));
   EXPECT_EQ(Controls(), "111111111 1101");
 }
-INSTANTIATE_TEST_SUITE_P(Runs, FailedStarts, testing::Values(std::tuple("demo-suite"), std::tuple("no-game-found")),
-                         ByName);
+INSTANTIATE_TEST_SUITE_P(Runs, FailedStarts, testing::ValuesIn(std::vector<FailedStarts::ParamType>{
+    {"DemoSuite", "demo-suite"}, {"NoGameFound", "no-game-found"}}), ByName);
 
 // A failed start and a failed file read or write, from the same system error codes; a code the
 // system has no text for is named by its number. system-errors.txt holds, for each code, the
