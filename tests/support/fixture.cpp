@@ -40,9 +40,8 @@ void HeadlessTest::Tick(std::initializer_list<int> boxes) {
 
 std::string HeadlessTest::Controls() {
   Form1& f = MainForm();
-  const std::vector<const forms::Control*> controls = {
-      f.Check1[0], f.Check1[1], f.Check1[2], f.Check1[3], f.Check1[4], &f.Command1, &f.Command2,
-      &f.Command3, &f.Command4, nullptr, &f.Option1, &f.Option2, &f.Option3, &f.Option4};
+  const std::vector<const forms::Control*> controls = {f.Check1[0], f.Check1[1], f.Check1[2], f.Check1[3], f.Check1[4],
+      &f.Command1, &f.Command2, &f.Command3, &f.Command4, nullptr, &f.Option1, &f.Option2, &f.Option3, &f.Option4};
   std::string enabled;
   for (const forms::Control* c : controls) enabled += c == nullptr ? ' ' : c->Enabled() ? '1' : '0';
   return enabled;

@@ -40,9 +40,8 @@ std::string Golden(const std::string& name);
 // The part of a golden file after the first `from`, up to the line end before the next `to`.
 std::string GoldenPart(const std::string& file, const std::string& from, const std::string& to);
 
-// Public, so that the rows of a table, written outside the fixture, can call the helpers.
-class HeadlessTest : public ::testing::Test {
- public:
+// All public, so that the rows of a table, written outside the fixture, can call the helpers.
+struct HeadlessTest : ::testing::Test {
   void SetUp() override;
   void TearDown() override;
   // The full game installed, and the program started.

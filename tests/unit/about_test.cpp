@@ -6,8 +6,7 @@
 namespace {
 using namespace testing_support;
 
-class About : public HeadlessTest {
- protected:
+struct About : HeadlessTest {
   static frmAbout* Window() { return static_cast<frmAbout*>(forms::FindOpen(frmAbout::kName)); }
 };
 
@@ -46,13 +45,12 @@ std::string Folders(int count) { return count == 0 ? "C:" : Folders(count - 1) +
 const std::string kDeep1023 = Folders(10) + "\\" + std::string(10, 'x'), kDeep1024 = kDeep1023 + "x";
 const std::string kZ(1, '\0'), kBox = "the box", kBare = "C:\\Tools\\msinfo.exe";
 
-// Each row: the type of the first lookup's PATH (0: none) and its bytes, the folder of the
-// second lookup if any, whether the first key grants only reading, whether the second lookup is
-// made, and what was started, or the box.
-using SystemInfo = Rows<About, const char*, std::uint32_t, std::string, std::string, bool, bool, std::string>;
-
 // Where the registry names the system information tool, and what comes of each answer: the
-// tool started in a normal window and left alone, or the one box for every cause.
+// tool started in a normal window and left alone, or the one box for every cause. Each row: the
+// type of the first lookup's PATH (0: none) and its bytes, the folder of the second lookup if
+// any, whether the first key grants only reading, whether the second lookup is made, and what
+// was started, or the box.
+using SystemInfo = Rows<About, const char*, std::uint32_t, std::string, std::string, bool, bool, std::string>;
 TEST_P(SystemInfo, StartsTheToolTheRegistryNames) {
   const auto& [name, type, path, folder, readOnlyKey, secondLookup, outcome] = GetParam();
   headless::ChooseMenu(StartFull(), "mnuAbout");

@@ -5,8 +5,7 @@ namespace {
 using namespace testing_support;
 using mdlBenchmark::AppState;
 
-class Install : public HeadlessTest {
- protected:
+struct Install : HeadlessTest {
   // "<Option3 and Option4 enabled, then selected, as 1 or 0> <GameVersion> <GamePath>"
   static std::string State() {
     const Form1& f = MainForm();
@@ -87,8 +86,7 @@ TEST_F(Install, ChangesOfVariant) {
   EXPECT_EQ(forms::OpenWindows().size(), 1u);
   OpenCustom();
   const std::tuple<forms::OptionButton&, const char*, int, int> rows[] = {
-      {form.Option3, "1110 full C:\\Games\\UT2003", 37, 16},
-      {form.Option4, "1101 demo C:\\Games\\UT2003Demo", 4, 2}};
+      {form.Option3, "1110 full C:\\Games\\UT2003", 37, 16}, {form.Option4, "1101 demo C:\\Games\\UT2003Demo", 4, 2}};
   for (const auto& [button, state, entries, chosen] : rows) {
     SCOPED_TRACE(state);
     ASSERT_TRUE(headless::SelectItem(CustomWindow()->Combo1, 0));

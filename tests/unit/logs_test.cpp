@@ -75,8 +75,7 @@ TEST_F(LogTest, TooFewRecordsLeaveBlankCellsInTheReportAndTheNotesFollow) {
   // The game's and the program's folders, no records yet, two resolutions, their names from
   // element 1 on, the engine's code and the variant.
   AppState = {kFullPath, "C:\\Bench\\", {}, 2, "", {"", "640x480", "1024x768"}, "ogl", "demo"};
-  headless::PutFile(kLog, "L1, 1.1 / 1.2 / 1.3 fps, 77, 640x480\r\n"
-                          "L2, 2.1 / 2.2 / 2.3 fps, 77, 640x480\r\n");
+  headless::PutFile(kLog, "L1, 1.1 / 1.2 / 1.3 fps, 77, 640x480\r\nL2, 2.1 / 2.2 / 2.3 fps, 77, 640x480\r\n");
   EXPECT_TRUE(mdlBenchmark::WriteResultsTables(3));
   EXPECT_TRUE(mdlBenchmark::AppendRunNotes("Run sentence", "Ini sentence"));
   EXPECT_EQ(FileOrMissing(kReport), Golden("too_few_records.html"));

@@ -9,8 +9,7 @@ std::string KeyOf(const std::string& key) { return std::string(registry_cases::k
 
 // Reads a value and checks the registry calls of the read: one open with mask 63, the probe, a
 // second query only where one is due, and a close whether the open worked or not.
-void ExpectRead(const std::string& key, const std::string& name, bool secondQuery,
-                const std::string& wanted) {
+void ExpectRead(const std::string& key, const std::string& name, bool secondQuery, const std::string& wanted) {
   const std::size_t before = headless::RegistryCalls().size();
   EXPECT_EQ(registry_cases::Describe(mdlRegistry::ReadRegistryValue(kHklm, key, name)), wanted);
   std::vector<std::string> expected = {"open " + key + " 63", "query " + name, "query " + name, "close"};

@@ -102,8 +102,7 @@ TEST_P(FailedStarts, AreToldAndTheRunStillReports) {
   if (!found) return;
   EXPECT_EQ(headless::Starts().at(1).windowStyle, 2);
   EXPECT_EQ(headless::OpenProcessHandles(), 0);
-  EXPECT_EQ(headless::ShellCalls(),
-            (std::vector<headless::ShellCall>{{form.hWnd(), "Open", kReport, {}, {}, 1}}));
+  EXPECT_EQ(headless::ShellCalls(), (std::vector<headless::ShellCall>{{form.hWnd(), "Open", kReport, {}, {}, 1}}));
   EXPECT_EQ(Controls(), "111111111 1101");
 }
 INSTANTIATE_TEST_SUITE_P(Runs, FailedStarts, testing::ValuesIn(std::vector<FailedStarts::ParamType>{
