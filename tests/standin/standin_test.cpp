@@ -3,62 +3,61 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <sstream>
-#include <tuple>
 #include <vector>
 
 #include "standin/game_config.h"
 #include "standin/game_line.h"
 #include "standin/record.h"
 #include "standin/standin.h"
+#include "support/rows.h"
 
 namespace {
+using namespace testing_support;
 
 namespace fs = std::filesystem;
 
 // All that the stand-in takes from a line, as one text to compare. The lines the program
 // writes are read in every end-to-end run; these are the ones it never writes.
-TEST(StandInLine, SwitchesAndValues) {
-  const std::pair<const char*, const char*> cases[] = {
-      // The number may stand apart from its switch, and quotes may hold a whole switch.
-      {"\"C:\\UT\\System\\ut2003.exe\" ctf-face3?game=engine.gameinfo exec=\"x\" -benchmark "
-       "-seconds= 116 \"ini=C:\\My Inis\\my.ini\" userini=\"u.ini\" -640x480",
-       "ctf-face3 benchmark s[116] ini[C:\\My Inis\\my.ini] user[u.ini] 640x480"},
-      // Upper case; a switch given twice counts with its last value.
-      {"C:\\UT\\System\\ut2003.exe DM-Antalus?game=x -BENCHMARK -640x480 -Seconds=71 -NOSOUND "
-       "INI=z.ini INI=a.ini USERINI=b.ini -1600X1200",
-       "DM-Antalus benchmark nosound s[71] ini[a.ini] user[b.ini] 1600x1200"},
-      // userini= is no ini=, and a switch inside a word or inside quotes is no switch.
-      {"\"ut2003.exe\" dm-gael userini=u.ini xini=x.ini a-benchmark -benchmarks -nosoundx "
-       "exec=\"C:\\a -benchmark -nosound\\f.txt\" -seconds=-5 -64x48x",
-       "dm-gael s[-5] ini[] user[u.ini] 0x0"},
-  };
-  for (const auto& [line, read] : cases) {
-    const standin::GameLine l = standin::ParseGameLine(line);
-    EXPECT_EQ(l.level + (l.benchmark ? " benchmark" : "") + (l.noSound ? " nosound" : "") + " s[" +
-                  l.seconds + "] ini[" + l.ini + "] user[" + l.userIni + "] " +
-                  std::to_string(l.width) + "x" + std::to_string(l.height), read) << line;
-  }
+using StandInLine = Rows<testing::Test, const char*, const char*, const char*>;
+TEST_P(StandInLine, SwitchesAndValues) {
+  const auto& [name, line, read] = GetParam();
+  const standin::GameLine l = standin::ParseGameLine(line);
+  EXPECT_EQ(l.level + (l.benchmark ? " benchmark" : "") + (l.noSound ? " nosound" : "") + " s[" + l.seconds + "] ini[" +
+                l.ini + "] user[" + l.userIni + "] " + std::to_string(l.width) + "x" + std::to_string(l.height), read);
 }
+INSTANTIATE_TEST_SUITE_P(StandIn, StandInLine, testing::ValuesIn(std::vector<StandInLine::ParamType>{
+    // The number may stand apart from its switch, and quotes may hold a whole switch.
+    {"NumberApartAndQuotedSwitch", "\"C:\\UT\\System\\ut2003.exe\" ctf-face3?game=engine.gameinfo exec=\"x\" "
+     "-benchmark -seconds= 116 \"ini=C:\\My Inis\\my.ini\" userini=\"u.ini\" -640x480",
+     "ctf-face3 benchmark s[116] ini[C:\\My Inis\\my.ini] user[u.ini] 640x480"},
+    // Upper case; a switch given twice counts with its last value.
+    {"UpperCaseAndASwitchTwice", "C:\\UT\\System\\ut2003.exe DM-Antalus?game=x -BENCHMARK -640x480 -Seconds=71 "
+     "-NOSOUND INI=z.ini INI=a.ini USERINI=b.ini -1600X1200",
+     "DM-Antalus benchmark nosound s[71] ini[a.ini] user[b.ini] 1600x1200"},
+    // userini= is no ini=, and a switch inside a word or inside quotes is no switch.
+    {"NoSwitches", "\"ut2003.exe\" dm-gael userini=u.ini xini=x.ini a-benchmark -benchmarks -nosoundx "
+     "exec=\"C:\\a -benchmark -nosound\\f.txt\" -seconds=-5 -64x48x", "dm-gael s[-5] ini[] user[u.ini] 0x0"}}), ByName);
 
 // "S" startable with Direct3D, "O" startable with OpenGL, "-" the game stops. The inis of the
 // program, startable with Direct3D, are read end to end.
-TEST(StandInIni, WhatTheGameNeedsAndItsRenderer) {
-  const std::string paths = "[Core.System]\r\nPaths=../System/*.u\r\n";
-  const std::pair<std::string, char> cases[] = {
-      // Names in any case, LF line ends, comments and blanks around the "=".
-      {"; x\n[core.system]\npaths = ../Maps/*.ut2\n[ENGINE.ENGINE]\n"
-       "renderdevice = opengldrv.openglrenderdevice\n", 'O'},
-      {"[Core.System]\r\nPaths=\r\n[Engine.Engine]\r\nRenderDevice=D3DDrv.D3DRenderDevice\r\n", '-'},
-      {paths + "[Engine.GameEngine]\r\nRenderDevice=D3DDrv.D3DRenderDevice\r\n", '-'},
-      {paths + "[Engine.Engine]\r\nRenderDevice=PixoDrv.PixoRenderDevice\r\n", '-'},
-  };
-  for (const auto& [text, wanted] : cases) {
-    const standin::GameConfig config = standin::ReadGameConfig(standin::IniFile(text));
-    EXPECT_EQ(!config.startable ? '-' : config.renderer == standin::Renderer::OGL ? 'O' : 'S', wanted) << text;
-  }
-  EXPECT_EQ(standin::FormatRate(7), "0.000007");
+const std::string kPaths = "[Core.System]\r\nPaths=../System/*.u\r\n";
+using StandInIni = Rows<testing::Test, const char*, std::string, char>;
+TEST_P(StandInIni, WhatTheGameNeedsAndItsRenderer) {
+  const auto& [name, text, wanted] = GetParam();
+  const standin::GameConfig config = standin::ReadGameConfig(standin::IniFile(text));
+  EXPECT_EQ(!config.startable ? '-' : config.renderer == standin::Renderer::OGL ? 'O' : 'S', wanted);
 }
+INSTANTIATE_TEST_SUITE_P(StandIn, StandInIni, testing::ValuesIn(std::vector<StandInIni::ParamType>{
+    // Names in any case, LF line ends, comments and blanks around the "=".
+    {"AnyCaseLFCommentsAndBlanks", "; x\n[core.system]\npaths = ../Maps/*.ut2\n[ENGINE.ENGINE]\n"
+     "renderdevice = opengldrv.openglrenderdevice\n", 'O'},
+    {"NoPaths", "[Core.System]\r\nPaths=\r\n[Engine.Engine]\r\nRenderDevice=D3DDrv.D3DRenderDevice\r\n", '-'},
+    {"GameEngineSection", kPaths + "[Engine.GameEngine]\r\nRenderDevice=D3DDrv.D3DRenderDevice\r\n", '-'},
+    {"OtherRenderer", kPaths + "[Engine.Engine]\r\nRenderDevice=PixoDrv.PixoRenderDevice\r\n", '-'}}), ByName);
+
+TEST(StandInRate, HasSixDecimals) { EXPECT_EQ(standin::FormatRate(7), "0.000007"); }
 
 // A game folder with System\ and Benchmark\ in a fresh temporary folder.
 class StandInRun : public ::testing::Test {
@@ -82,8 +81,8 @@ class StandInRun : public ::testing::Test {
     std::ofstream(root_ / name, std::ios::binary) << bytes;
   }
 
-  const fs::path root_ = fs::temp_directory_path() /
-                         ("standin-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+  // A folder of its own for each test, as CTest runs them side by side.
+  const fs::path root_ = fs::temp_directory_path() / ("standin-" + std::to_string(std::random_device()()));
   std::vector<std::uint64_t> sleeps_;
 };
 
@@ -125,33 +124,30 @@ TEST_F(StandInRun, IniPathsSoundSpeedAndStartsThatLeaveNoRecord) {
 }
 
 // The same line gives the same bytes, appended to what the logs hold; a fault changes them.
-TEST_F(StandInRun, RecordsFaultsAndSpeedFromTheEnvironmentOrTheFile) {
-  const std::string rates = "73.534819 / 153.025935 / 205.507604 fps";
-  // UT2003_STANDIN_FAULT, the [StandIn] section of StandIn.ini, line 2 of the record ("" for
-  // none: the game crashed), the waits.
-  const std::tuple<const char*, const char*, std::string, std::vector<std::uint64_t>> cases[] = {
-      {"crash", "", "", {}},
-      {"", "Fault=crash DM-INFERNO", "", {}},
-      {"", "Fault=crash dm-antalus\r\nSpeed=0", rates, {}},
-      {"hang 5", "Speed=2.5", rates, {5000, 6042}},
-      {"inf dm-inferno", "Fault=crash", "73.534819 / 153.025935 / inf fps", {944}},
-      {"long-rate", "", "73.534819 / " + std::string(30, '0') + "153.025935 / 205.507604 fps", {944}},
-      {"explode", "Speed=fast", rates, {944}},
-      {"hang soon", "", rates, {944}},
-      {"crash dm-inferno now", "", rates, {944}},
-  };
-  for (const auto& [variable, file, record, sleeps] : cases) {
-    SCOPED_TRACE(std::string(variable) + file);
-    Write("System/StandIn.ini", std::string("[StandIn]\r\n") + file + "\r\n");
-    for (const char* log : {"Benchmark/lowframerate.log", "Benchmark/benchmark.log"}) Write(log, "old\r\n");
-    sleeps_.clear();
-    EXPECT_EQ(Start(kCpuRun, variable), record.empty() ? standin::kCrashExitCode : 0u);
-    EXPECT_EQ(Read("Benchmark/lowframerate.log"),
-              "old\r\n" + (record.empty() ? "" : "DM-Inferno\r\n" + record + "\r\nScore = 155.429609\r\n\r\n"));
-    EXPECT_EQ(Read("Benchmark/benchmark.log"),
-              "old\r\n" + (record.empty() ? "" : record + " -- Score = 155.429609        rand[1232846347]\r\n"));
-    EXPECT_EQ(sleeps_, sleeps);
-  }
+// Each row: UT2003_STANDIN_FAULT, the [StandIn] section of StandIn.ini, line 2 of the record
+// ("" for none: the game crashed), the waits.
+const std::string kRates = "73.534819 / 153.025935 / 205.507604 fps";
+using StandInFault = Rows<StandInRun, const char*, const char*, const char*, std::string, std::vector<std::uint64_t>>;
+TEST_P(StandInFault, AndTheSpeedShapeTheRecord) {
+  const auto& [name, variable, file, record, sleeps] = GetParam();
+  Write("System/StandIn.ini", std::string("[StandIn]\r\n") + file + "\r\n");
+  for (const char* log : {"Benchmark/lowframerate.log", "Benchmark/benchmark.log"}) Write(log, "old\r\n");
+  EXPECT_EQ(Start(kCpuRun, variable), record.empty() ? standin::kCrashExitCode : 0u);
+  EXPECT_EQ(Read("Benchmark/lowframerate.log"),
+            "old\r\n" + (record.empty() ? "" : "DM-Inferno\r\n" + record + "\r\nScore = 155.429609\r\n\r\n"));
+  EXPECT_EQ(Read("Benchmark/benchmark.log"),
+            "old\r\n" + (record.empty() ? "" : record + " -- Score = 155.429609        rand[1232846347]\r\n"));
+  EXPECT_EQ(sleeps_, sleeps);
 }
+INSTANTIATE_TEST_SUITE_P(StandIn, StandInFault, testing::ValuesIn(std::vector<StandInFault::ParamType>{
+    {"CrashFromTheEnvironment", "crash", "", "", {}},
+    {"CrashOfThisMapFromTheFile", "", "Fault=crash DM-INFERNO", "", {}},
+    {"CrashOfAnotherMap", "", "Fault=crash dm-antalus\r\nSpeed=0", kRates, {}},
+    {"HangAndSpeedFromTheFile", "hang 5", "Speed=2.5", kRates, {5000, 6042}},
+    {"EnvironmentBeforeTheFile", "inf dm-inferno", "Fault=crash", "73.534819 / 153.025935 / inf fps", {944}},
+    {"LongRate", "long-rate", "", "73.534819 / " + std::string(30, '0') + "153.025935 / 205.507604 fps", {944}},
+    {"UnknownFaultAndSpeed", "explode", "Speed=fast", kRates, {944}},
+    {"HangOfNoSeconds", "hang soon", "", kRates, {944}},
+    {"FaultOfTooManyWords", "crash dm-inferno now", "", kRates, {944}}}), ByName);
 
 }  // namespace

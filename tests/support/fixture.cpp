@@ -40,9 +40,8 @@ void HeadlessTest::Tick(std::initializer_list<int> boxes) {
 
 std::string HeadlessTest::Controls() {
   Form1& f = MainForm();
-  const std::vector<const forms::Control*> controls = {
-      f.Check1[0], f.Check1[1], f.Check1[2], f.Check1[3], f.Check1[4], &f.Command1, &f.Command2,
-      &f.Command3, &f.Command4, nullptr, &f.Option1, &f.Option2, &f.Option3, &f.Option4};
+  const std::vector<const forms::Control*> controls = {f.Check1[0], f.Check1[1], f.Check1[2], f.Check1[3], f.Check1[4],
+      &f.Command1, &f.Command2, &f.Command3, &f.Command4, nullptr, &f.Option1, &f.Option2, &f.Option3, &f.Option4};
   std::string enabled;
   for (const forms::Control* c : controls) enabled += c == nullptr ? ' ' : c->Enabled() ? '1' : '0';
   return enabled;
@@ -52,6 +51,13 @@ std::string Golden(const std::string& name) {
   std::ifstream in(std::filesystem::path(KELVARNITE_GOLDEN_DIR) / name, std::ios::binary);
   EXPECT_TRUE(in) << "no golden file " << name;
   return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+std::string GoldenPart(const std::string& file, const std::string& from, const std::string& to) {
+  const std::string golden = "\n" + Golden(file);  // so that `from` may match the first line too
+  const std::size_t found = golden.find(from), start = found + from.size();
+  if (found == std::string::npos) return "<no " + from + " in " + file + ">";
+  return golden.substr(start, golden.find(to, start - 1) + 1 - start);  // npos + 1 is 0: all the rest
 }
 
 }  // namespace testing_support

@@ -10,6 +10,7 @@
 
 #include "benchmark/mdlBenchmark.h"
 #include "platform/headless/headless.h"
+#include "support/rows.h"
 #include "windows/Form1.h"
 #include "windows/Form2.h"
 
@@ -36,15 +37,15 @@ inline const headless::Box kPleaseInstall = {"Please install UT2003[full version
 
 // An expected file of tests/golden, as bytes.
 std::string Golden(const std::string& name);
+// The part of a golden file after the first `from`, up to the line end before the next `to`.
+std::string GoldenPart(const std::string& file, const std::string& from, const std::string& to);
 
-class HeadlessTest : public ::testing::Test {
- protected:
+// All public, so that the rows of a table, written outside the fixture, can call the helpers.
+struct HeadlessTest : ::testing::Test {
   void SetUp() override;
   void TearDown() override;
-  // A new machine for the next row of a table.
-  void Fresh() { TearDown(); SetUp(); }
-  // A new machine with the full game, and the program started on it.
-  Form1& FreshStart() { Fresh(); InstallFull(); return StartProgram(); }
+  // The full game installed, and the program started.
+  static Form1& StartFull() { InstallFull(); return StartProgram(); }
 
   // A variant installed at a folder: its registry key, its program and its log folder.
   static void Install(const char* key, const std::string& folder);

@@ -1,6 +1,3 @@
-#include <functional>
-#include <tuple>
-
 #include "platform/forms/window.h"
 #include "support/fixture.h"
 
@@ -8,8 +5,7 @@ namespace {
 using namespace testing_support;
 using mdlBenchmark::AppState;
 
-class Install : public HeadlessTest {
- protected:
+struct Install : HeadlessTest {
   // "<Option3 and Option4 enabled, then selected, as 1 or 0> <GameVersion> <GamePath>"
   static std::string State() {
     const Form1& f = MainForm();
@@ -32,54 +28,51 @@ class Install : public HeadlessTest {
 // Both installed: the demo's handler runs nested between two runs of the full game's, and the
 // full game ends up selected. Custom Options then shows the list of the variant: any variant
 // but the full game, none found included, gets the demo's. The folder values of other kinds
-// are checked end to end.
-TEST_F(Install, StatesAndFolderValuesAtStartUp) {
-  const std::tuple<std::function<void()>, const char*, const char*> rows[] = {
-      {[] {}, "0000  ", "DF"},
-      {[] { InstallFull(); }, "1010 full C:\\Games\\UT2003", "DFF"},
-      {[] { InstallDemo(); }, "0101 demo C:\\Games\\UT2003Demo", "DFD"},
-      {[] { InstallFull(); InstallDemo(); }, "1110 full C:\\Games\\UT2003", "DFFDF"},
-  };
-  for (const auto& [install, state, keys] : rows) {
-    SCOPED_TRACE(state);
-    Fresh();
-    install();
-    StartProgram();
-    EXPECT_EQ(State(), state);
-    EXPECT_EQ(KeysOpened(), keys);
-    EXPECT_EQ(headless::Boxes(), std::string(state, 2) == "00" ? Boxes{kPleaseInstall} : Boxes{});
-    const Form2& c = OpenCustom();
-    EXPECT_EQ(std::make_tuple(headless::IsShown(c), c.Combo1.ListCount(), c.Combo1.Text(),
-                              c.Option2.Value(), c.Option3.Value(), c.Command1.Enabled(), c.Text1.Text()),
-              std::make_tuple(true, state[0] == '1' ? 37 : 4, "dm-antalus*", true, true, false, ""));
-  }
+// are checked end to end. Each row: whether each variant is installed, the state and the keys
+// opened.
+using StartUp = Rows<Install, const char*, bool, bool, const char*, const char*>;
+TEST_P(StartUp, StatesAndFolderValues) {
+  const auto& [name, full, demo, state, keys] = GetParam();
+  if (full) InstallFull();
+  if (demo) InstallDemo();
+  StartProgram();
+  EXPECT_EQ(State(), state);
+  EXPECT_EQ(KeysOpened(), keys);
+  EXPECT_EQ(headless::Boxes(), std::string(state, 2) == "00" ? Boxes{kPleaseInstall} : Boxes{});
+  const Form2& c = OpenCustom();
+  EXPECT_EQ(std::make_tuple(headless::IsShown(c), c.Combo1.ListCount(), c.Combo1.Text(),
+                            c.Option2.Value(), c.Option3.Value(), c.Command1.Enabled(), c.Text1.Text()),
+            std::make_tuple(true, state[0] == '1' ? 37 : 4, "dm-antalus*", true, true, false, ""));
 }
+INSTANTIATE_TEST_SUITE_P(Install, StartUp, testing::ValuesIn(std::vector<StartUp::ParamType>{
+    {"Nothing", false, false, "0000  ", "DF"}, {"Full", true, false, "1010 full C:\\Games\\UT2003", "DFF"},
+    {"Demo", false, true, "0101 demo C:\\Games\\UT2003Demo", "DFD"},
+    {"FullAndDemo", true, true, "1110 full C:\\Games\\UT2003", "DFFDF"}}), ByName);
 
 // The logs are emptied (a missing one is made), and a log that cannot be emptied is told once
 // while start-up goes on. A program folder gets its backslash, also when it is given back
-// empty, but one at the root of a drive keeps its one backslash.
-TEST_F(Install, StartUpEmptiesTheLogsAndGoesOnAfterABox) {
+// empty, but one at the root of a drive keeps its one backslash. Each row: the program folder,
+// the one the program takes, and whether lowframerate.log is locked.
+using ProgramFolder = Rows<Install, const char*, const char*, const char*, bool>;
+TEST_P(ProgramFolder, StartUpEmptiesTheLogsAndGoesOnAfterABox) {
+  const auto& [name, folder, appPath, logLocked] = GetParam();
+  InstallFull();
+  headless::PutFile(kBenchLog, "old run\r\n");
+  if (logLocked) headless::PutFile(kLog, "x");
+  headless::SetLocked(kLog, logLocked);
+  headless::SetProgramFolder(folder);
+  Form1& form = StartProgram();
   const Boxes locked = {{std::string(kLog) + " cannot be emptied: Permission denied.", kTitle, 16}};
-  // The program folder, the one the program takes, and whether lowframerate.log is locked.
-  const std::tuple<const char*, const char*, bool> rows[] = {
-      {"C:\\Bench", "C:\\Bench\\", false}, {"", "\\", false}, {"D:\\", "D:\\", true}};
-  for (const auto& [folder, appPath, logLocked] : rows) {
-    SCOPED_TRACE(folder);
-    Fresh();
-    InstallFull();
-    headless::PutFile(kBenchLog, "old run\r\n");
-    if (logLocked) headless::PutFile(kLog, "x");
-    headless::SetLocked(kLog, logLocked);
-    headless::SetProgramFolder(folder);
-    Form1& form = StartProgram();
-    EXPECT_EQ(headless::Boxes(), logLocked ? locked : Boxes{});
-    EXPECT_EQ(FileOrMissing(kBenchLog), "");
-    EXPECT_EQ(FileOrMissing(kLog), logLocked ? "x" : "");
-    EXPECT_EQ(AppState.AppPath, appPath);
-    EXPECT_EQ(std::make_tuple(headless::IsShown(form), form.Option1.Value(), AppState.RenderEngine),
-              std::make_tuple(true, true, "D3D"));
-  }
+  EXPECT_EQ(headless::Boxes(), logLocked ? locked : Boxes{});
+  EXPECT_EQ(FileOrMissing(kBenchLog), "");
+  EXPECT_EQ(FileOrMissing(kLog), logLocked ? "x" : "");
+  EXPECT_EQ(AppState.AppPath, appPath);
+  EXPECT_EQ(std::make_tuple(headless::IsShown(form), form.Option1.Value(), AppState.RenderEngine),
+            std::make_tuple(true, true, "D3D"));
 }
+INSTANTIATE_TEST_SUITE_P(Install, ProgramFolder, testing::ValuesIn(std::vector<ProgramFolder::ParamType>{
+    {"Folder", "C:\\Bench", "C:\\Bench\\", false}, {"Empty", "", "\\", false},
+    {"DriveRootAndLockedLog", "D:\\", "D:\\", true}}), ByName);
 
 // A change of variant shows Custom Options anew, with the list of the new variant and its
 // choices dropped; the window is left alone when the variant's own code is set again. The
@@ -93,8 +86,7 @@ TEST_F(Install, ChangesOfVariant) {
   EXPECT_EQ(forms::OpenWindows().size(), 1u);
   OpenCustom();
   const std::tuple<forms::OptionButton&, const char*, int, int> rows[] = {
-      {form.Option3, "1110 full C:\\Games\\UT2003", 37, 16},
-      {form.Option4, "1101 demo C:\\Games\\UT2003Demo", 4, 2}};
+      {form.Option3, "1110 full C:\\Games\\UT2003", 37, 16}, {form.Option4, "1101 demo C:\\Games\\UT2003Demo", 4, 2}};
   for (const auto& [button, state, entries, chosen] : rows) {
     SCOPED_TRACE(state);
     ASSERT_TRUE(headless::SelectItem(CustomWindow()->Combo1, 0));
