@@ -23,7 +23,8 @@ std::int16_t SecondsOf(const std::string& level) {
 
 // A number as text with a blank in place of the sign of a positive number: " 77".
 std::string WithSignPlace(std::int16_t number) {
-  return (number < 0 ? "" : " ") + std::to_string(number);
+  std::string text = number < 0 ? "" : " ";
+  return text.append(std::to_string(number));
 }
 
 }  // namespace
