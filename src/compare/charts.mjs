@@ -1,7 +1,7 @@
 // The charts: one grouped bar chart per table, drawn as SVG text.
 
 import { TABLES, listText } from './report.mjs';
-import { esc, fps, percent } from './markup.mjs';
+import { tag, fps, percent } from './markup.mjs';
 import { difference } from './stats.mjs';
 import { unsteady, verdict } from './inference.mjs';
 
@@ -68,39 +68,36 @@ export function chartSvg(t, groups, keys, stats, width, titles, base) {
     if (key.res !== lastRes) {
       lastRes = key.res;
       y += 4;
-      body.push('<text x="4" y="' + (y + 13) + '" font-weight="bold">' + esc(key.res) + '</text>',
-        '<line x1="4" x2="' + (width - 4) + '" y1="' + (y + 18.5) + '" y2="' + (y + 18.5) + '" stroke="#bbb"/>');
+      body.push(tag('text', { x: 4, y: y + 13, 'font-weight': 'bold' }, key.res),
+        tag('line', { x1: 4, x2: width - 4, y1: y + 18.5, y2: y + 18.5, stroke: '#bbb' }));
       y += 22;
     }
-    body.push('<text class="level" x="' + (left - 6) + '" y="' + (y + groupH / 2 + 4) +
-      '" text-anchor="end">' + esc(key.level) + '</text>');
+    body.push(tag('text', { class: 'level', x: left - 6, y: y + groupH / 2 + 4, 'text-anchor': 'end' }, key.level));
     groups.forEach((g, i) => {
       const by = y + 4 + i * barH;
       const st = stats[k][i];
       if (!st) {
         if (labels) {
-          body.push('<text class="gap" x="' + (left + 4) + '" y="' + (by + barH - 3) +
-            '" font-size="10" font-style="italic" fill="#666">no rate</text>');
+          body.push(tag('text', { class: 'gap', x: left + 4, y: by + barH - 3, 'font-size': 10, 'font-style': 'italic',
+            fill: '#666' }, 'no rate'));
         }
         return;
       }
       const w = Math.max(1, x(st.mean) - left);
-      body.push('<rect class="bar" data-g="' + i + '" data-k="' + k + '" x="' + left + '" y="' + by +
-        '" width="' + w.toFixed(2) + '" height="' + (barH - 1) + '" fill="' + colour(i) + '"' +
-        (titles ? '><title>' + esc(barTitle(g, key, st, base && g !== base ? stats[k][base.index] : null)) + '</title></rect>' : '/>'));
+      body.push(tag('rect', { class: 'bar', 'data-g': i, 'data-k': k, x: left, y: by, width: w.toFixed(2), height: barH - 1,
+        fill: colour(i) }, titles && tag('title', null, barTitle(g, key, st, base && g !== base ? stats[k][base.index] : null))));
       let end = left + w;
       if (st.n > 1) {
         const a = x(st.min).toFixed(2);
         const b = x(st.max).toFixed(2);
         const cy = by + (barH - 1) / 2;
-        body.push('<path class="whisker" data-g="' + i + '" data-k="' + k + '" d="M' + a + ' ' + cy + 'H' + b +
-          'M' + a + ' ' + (by + 1) + 'V' + (by + barH - 2) + 'M' + b + ' ' + (by + 1) + 'V' + (by + barH - 2) +
-          '" stroke="#000" stroke-width="1.5" fill="none"/>');
+        body.push(tag('path', { class: 'whisker', 'data-g': i, 'data-k': k, d: 'M' + a + ' ' + cy + 'H' + b +
+          'M' + a + ' ' + (by + 1) + 'V' + (by + barH - 2) + 'M' + b + ' ' + (by + 1) + 'V' + (by + barH - 2),
+          stroke: '#000', 'stroke-width': 1.5, fill: 'none' }));
         end = Math.max(end, x(st.max));
       }
       if (labels) {
-        body.push('<text x="' + (end + 4).toFixed(2) + '" y="' + (by + barH - 3) + '" font-size="10">' +
-          fps(st.mean) + '</text>');
+        body.push(tag('text', { x: (end + 4).toFixed(2), y: by + barH - 3, 'font-size': 10 }, fps(st.mean)));
       }
     });
     y += groupH;
@@ -112,10 +109,8 @@ export function chartSvg(t, groups, keys, stats, width, titles, base) {
   for (let v = 0; v <= axisMax + step / 2; v += step) {
     const tx = x(v).toFixed(2);
     const label = String(Math.round(v * 1000) / 1000);
-    axis.push('<line x1="' + tx + '" x2="' + tx + '" y1="' + (top - 6) + '" y2="' + bottom + '" stroke="' +
-      (v ? '#ddd' : '#333') + '"/>',
-    '<text x="' + tx + '" y="' + (top - 10) + '" text-anchor="middle" font-size="10">' + label + '</text>',
-    '<text x="' + tx + '" y="' + (bottom + 14) + '" text-anchor="middle" font-size="10">' + label + '</text>');
+    axis.push(tag('line', { x1: tx, x2: tx, y1: top - 6, y2: bottom, stroke: v ? '#ddd' : '#333' }),
+      [top - 10, bottom + 14].map((ty) => tag('text', { x: tx, y: ty, 'text-anchor': 'middle', 'font-size': 10 }, label)));
   }
 
   const names = groups.map((g) => g.name);
@@ -125,16 +120,15 @@ export function chartSvg(t, groups, keys, stats, width, titles, base) {
       keys[keys.length - 1].level + ' at ' + keys[keys.length - 1].res : '') +
     '. Repeats show their mean, with a line from the lowest to the highest. The table below gives every number.';
   const id = 'chart-' + TABLES[t].slug;
-  return '<svg xmlns="http://www.w3.org/2000/svg" width="' + width + '" height="' + height +
-    '" viewBox="0 0 ' + width + ' ' + height + '" role="img" aria-labelledby="' + id + '-t ' + id + '-d"' +
-    ' font-family="Arial, Helvetica, sans-serif" font-size="12" fill="#000">' +
-    '<title id="' + id + '-t">' + esc(title) + '</title><desc id="' + id + '-d">' + esc(desc) + '</desc>' +
-    '<rect width="100%" height="100%" fill="#fff"/>' +
-    '<text x="8" y="20" font-size="15" font-weight="bold">' + esc(title) + '</text>' +
-    '<text x="' + (width - 8) + '" y="20" text-anchor="end" font-size="10">frames per second' +
-    (groups.some((g) => g.members.length > 1) ? '; repeats: mean, lowest to highest' : '') + '</text>' +
-    legend.map((l) => '<g class="legend" transform="translate(' + l.x + ' ' + (32 + l.y) + ')"><rect width="14" height="12" fill="' +
-      colour(l.i) + '"/><text x="19" y="10.5">' + esc(l.g.name.length > 40 ? l.g.name.slice(0, 39) + '…' : l.g.name) +
-      '</text></g>').join('') +
-    axis.join('') + body.join('') + '</svg>';
+  return tag('svg', { xmlns: 'http://www.w3.org/2000/svg', width, height, viewBox: '0 0 ' + width + ' ' + height, role: 'img',
+    'aria-labelledby': id + '-t ' + id + '-d', 'font-family': 'Arial, Helvetica, sans-serif', 'font-size': 12, fill: '#000' },
+    tag('title', { id: id + '-t' }, title), tag('desc', { id: id + '-d' }, desc),
+    tag('rect', { width: '100%', height: '100%', fill: '#fff' }),
+    tag('text', { x: 8, y: 20, 'font-size': 15, 'font-weight': 'bold' }, title),
+    tag('text', { x: width - 8, y: 20, 'text-anchor': 'end', 'font-size': 10 }, 'frames per second' +
+      (groups.some((g) => g.members.length > 1) ? '; repeats: mean, lowest to highest' : '')),
+    legend.map((l) => tag('g', { class: 'legend', transform: 'translate(' + l.x + ' ' + (32 + l.y) + ')' },
+      tag('rect', { width: 14, height: 12, fill: colour(l.i) }),
+      tag('text', { x: 19, y: 10.5 }, l.g.name.length > 40 ? l.g.name.slice(0, 39) + '…' : l.g.name))),
+    axis, body);
 }

@@ -4,7 +4,7 @@
 
 import { TABLES, MAX_BYTES, parseReport } from './report.mjs';
 import { groupsOf, keysOf, statsOf, baselineOf } from './stats.mjs';
-import { esc } from './markup.mjs';
+import { tag } from './markup.mjs';
 import { colour, chartSvg, barTitle } from './charts.mjs';
 import { tableHtml, csvText } from './tables.mjs';
 import { summaryOf, summaryHtml } from './summary.mjs';
@@ -51,38 +51,40 @@ function render() {
   $('series-box').hidden = !state.series.length;
   $('series').tBodies[0].innerHTML = state.series.map((s) => {
     const g = groups.find((x) => x.name === s.name);
-    return '<tr><td><span class="swatch" style="background:' + colour(g.index) + '"></span></td>' +
-      '<td><input type="text" data-kind="name" data-id="' + s.id + '" value="' + esc(s.name) +
-      '" aria-label="Name of the series from ' + esc(s.file) + '"></td><td>' + esc(s.file) + '</td><td>' +
-      esc(s.report.run) + '</td><td class="no-print"><button type="button" data-kind="remove" data-id="' + s.id +
-      '" aria-label="Remove ' + esc(s.name) + ' (' + esc(s.file) + ')">Remove</button></td></tr>';
+    return tag('tr', null, tag('td', null, tag('span', { class: 'swatch', style: 'background:' + colour(g.index) })),
+      tag('td', null, tag('input', { type: 'text', 'data-kind': 'name', 'data-id': s.id, value: s.name,
+        'aria-label': 'Name of the series from ' + s.file })), tag('td', null, s.file), tag('td', null, s.report.run),
+      tag('td', { class: 'no-print' }, tag('button', { type: 'button', 'data-kind': 'remove', 'data-id': s.id,
+        'aria-label': 'Remove ' + s.name + ' (' + s.file + ')' }, 'Remove')));
   }).join('');
 
   if (!groups.length) {
     view = null;
-    $('results').innerHTML = '<p class="empty">No report added yet. Add two or more reports to see them side by side.</p>';
+    $('results').innerHTML = tag('p', { class: 'empty' },
+      'No report added yet. Add two or more reports to see them side by side.');
   } else {
     const base = baselineOf(groups, state.baseline);
     state.baseline = base.name;
-    $('baseline').innerHTML = groups.map((g) => '<option' + (g === base ? ' selected' : '') + '>' +
-      esc(g.name) + '</option>').join('');
+    $('baseline').innerHTML = groups.map((g) => tag('option', { selected: g === base }, g.name)).join('');
     const all = TABLES.map((_, t) => keys.map((key) => groups.map((g) => statsOf(g, key, t))));
     view = { groups, keys, base, all };
     const levels = [...new Set(keys.map((k) => k.level))];
     if (!levels.includes(state.scalingLevel)) state.scalingLevel = '';
-    $('results').innerHTML = summaryHtml(summaryOf(groups, keys, all[1], base), base) +
-      '<section class="measure" aria-labelledby="h-scaling"><h2 id="h-scaling">Scaling with resolution</h2>' +
-      '<p class="controls"><label for="scaling-level">Average FPS of</label> <select id="scaling-level">' +
-      ['', ...levels].map((l) => '<option value="' + esc(l) + '"' + (l === state.scalingLevel ? ' selected' : '') + '>' +
-        esc(l === '' ? 'the geometric mean of the levels' : l) + '</option>').join('') + '</select></p>' +
-      '<figure><div class="scaling" id="scaling"></div><figcaption>Where a line flattens, the processor sets the pace; ' +
-      'where it falls with each step of resolution, the graphics card does.</figcaption></figure></section>' +
-      TABLES.map((table, t) => '<section class="measure" aria-labelledby="h-' + table.slug +
-      '"><h2 id="h-' + table.slug + '">' + esc(table.title) + '</h2><figure><div class="chart" data-t="' + t +
-      '" id="chart-box-' + table.slug + '"></div><figcaption>' + esc(table.title) + ' of each series, by resolution and level. Where a series has no rate ' +
-      'the bar is left out. <span class="no-print"><button type="button" data-kind="png" data-t="' + t +
-      '">Download PNG</button> <button type="button" data-kind="svg" data-t="' + t +
-      '">Download SVG</button></span></figcaption></figure>' + tableHtml(t, groups, keys, all[t], base) + '</section>').join('');
+    $('results').innerHTML = [summaryHtml(summaryOf(groups, keys, all[1], base), base),
+      tag('section', { class: 'measure', 'aria-labelledby': 'h-scaling' },
+        tag('h2', { id: 'h-scaling' }, 'Scaling with resolution'),
+        tag('p', { class: 'controls' }, tag('label', { for: 'scaling-level' }, 'Average FPS of'), ' ',
+          tag('select', { id: 'scaling-level' }, ['', ...levels].map((l) => tag('option',
+            { value: l, selected: l === state.scalingLevel }, l === '' ? 'the geometric mean of the levels' : l)))),
+        tag('figure', null, tag('div', { class: 'scaling', id: 'scaling' }), tag('figcaption', null, 'Where a line flattens, ' +
+          'the processor sets the pace; where it falls with each step of resolution, the graphics card does.'))),
+      ...TABLES.map((table, t) => tag('section', { class: 'measure', 'aria-labelledby': 'h-' + table.slug },
+        tag('h2', { id: 'h-' + table.slug }, table.title),
+        tag('figure', null, tag('div', { class: 'chart', 'data-t': t, id: 'chart-box-' + table.slug }), tag('figcaption', null,
+          table.title + ' of each series, by resolution and level. Where a series has no rate the bar is left out. ',
+          tag('span', { class: 'no-print' }, ['png', 'svg'].map((kind, n) => [n ? ' ' : '',
+            tag('button', { type: 'button', 'data-kind': kind, 'data-t': t }, 'Download ' + kind.toUpperCase())])))),
+        tableHtml(t, groups, keys, all[t], base)))].join('');
     renderCharts(width);
   }
 
@@ -101,7 +103,7 @@ function say(text) {
 function addMessages(list) {
   if (!list.length) return;
   const ul = $('messages');
-  ul.insertAdjacentHTML('beforeend', list.map((m) => '<li><strong>' + esc(m.file) + '</strong>: ' + esc(m.text) + '</li>').join(''));
+  ul.insertAdjacentHTML('beforeend', list.map((m) => tag('li', null, tag('strong', null, m.file), ': ' + m.text)).join(''));
   $('problems').hidden = false;
 }
 

@@ -2,7 +2,7 @@
 // the geometric mean of the levels, so that one sees where a card stops keeping up as the
 // pixels grow. Repeats draw their 95 % interval as a band around the line.
 
-import { esc, fps } from './markup.mjs';
+import { tag, fps } from './markup.mjs';
 import { geometricMean } from './inference.mjs';
 import { colour, niceStep } from './charts.mjs';
 
@@ -42,33 +42,35 @@ export function scalingSvg(groups, keys, averages, level, width) {
   const what = level === '' ? 'the geometric mean of the levels' : level;
   const parts = [];
   for (let v = 0; v <= ceiling + 1e-9; v += step) {
-    parts.push('<line x1="' + left + '" x2="' + (left + plotW) + '" y1="' + y(v).toFixed(2) + '" y2="' + y(v).toFixed(2) +
-      '" stroke="#ddd"/><text x="' + (left - 6) + '" y="' + (y(v) + 4).toFixed(2) + '" text-anchor="end" font-size="10">' + v + '</text>');
+    parts.push(tag('line', { x1: left, x2: left + plotW, y1: y(v).toFixed(2), y2: y(v).toFixed(2), stroke: '#ddd' }),
+      tag('text', { x: left - 6, y: (y(v) + 4).toFixed(2), 'text-anchor': 'end', 'font-size': 10 }, v));
   }
-  resolutions.forEach((res, r) => parts.push('<text x="' + x(r).toFixed(2) + '" y="' + (top + plotH + 16) +
-    '" text-anchor="middle" font-size="11">' + esc(res) + '</text>'));
+  resolutions.forEach((res, r) => parts.push(tag('text', { x: x(r).toFixed(2), y: top + plotH + 16,
+    'text-anchor': 'middle', 'font-size': 11 }, res)));
   points.forEach((line, i) => {
     const there = line.map((p, r) => p && { ...p, r }).filter(Boolean);
     const band = there.filter((p) => p.low !== null);
     if (band.length) {
       const edge = band.map((p) => x(p.r).toFixed(2) + ',' + y(p.high).toFixed(2))
         .concat(band.slice().reverse().map((p) => x(p.r).toFixed(2) + ',' + y(p.low).toFixed(2)));
-      parts.push('<polygon class="band" data-g="' + i + '" points="' + edge.join(' ') + '" fill="' + colour(i) +
-        '" fill-opacity="0.2" stroke="' + colour(i) + '" stroke-opacity="0.4"/>');
+      parts.push(tag('polygon', { class: 'band', 'data-g': i, points: edge.join(' '), fill: colour(i), 'fill-opacity': 0.2,
+        stroke: colour(i), 'stroke-opacity': 0.4 }));
     }
-    parts.push('<polyline class="line" data-g="' + i + '" points="' + there.map((p) => x(p.r).toFixed(2) + ',' +
-      y(p.mean).toFixed(2)).join(' ') + '" fill="none" stroke="' + colour(i) + '" stroke-width="2"/>');
-    there.forEach((p) => parts.push('<circle cx="' + x(p.r).toFixed(2) + '" cy="' + y(p.mean).toFixed(2) + '" r="3" fill="' +
-      colour(i) + '"><title>' + esc(groups[i].name + ', ' + p.res + ': ' + fps(p.mean) + ' FPS' +
-      (p.low === null ? '' : ', 95 % interval ' + fps(p.low) + ' to ' + fps(p.high))) + '</title></circle>'));
+    parts.push(tag('polyline', { class: 'line', 'data-g': i, points: there.map((p) => x(p.r).toFixed(2) + ',' +
+      y(p.mean).toFixed(2)).join(' '), fill: 'none', stroke: colour(i), 'stroke-width': 2 }));
+    there.forEach((p) => parts.push(tag('circle', { cx: x(p.r).toFixed(2), cy: y(p.mean).toFixed(2), r: 3, fill: colour(i) },
+      tag('title', null, groups[i].name + ', ' + p.res + ': ' + fps(p.mean) + ' FPS' +
+        (p.low === null ? '' : ', 95 % interval ' + fps(p.low) + ' to ' + fps(p.high))))));
   });
-  const legend = groups.map((g, i) => '<g transform="translate(' + (left + (i % 4) * 160) + ' ' + (top + plotH + 34 + Math.floor(i / 4) * 16) +
-    ')"><rect width="14" height="4" y="4" fill="' + colour(i) + '"/><text x="19" y="10">' + esc(g.name.length > 22 ? g.name.slice(0, 21) + '…' : g.name) + '</text></g>');
+  const legend = groups.map((g, i) => tag('g', { transform: 'translate(' + (left + (i % 4) * 160) + ' ' +
+    (top + plotH + 34 + Math.floor(i / 4) * 16) + ')' }, tag('rect', { width: 14, height: 4, y: 4, fill: colour(i) }),
+    tag('text', { x: 19, y: 10 }, g.name.length > 22 ? g.name.slice(0, 21) + '…' : g.name)));
   const height = top + plotH + 40 + Math.ceil(groups.length / 4) * 16;
-  return '<svg xmlns="http://www.w3.org/2000/svg" width="' + width + '" height="' + height + '" viewBox="0 0 ' + width + ' ' + height +
-    '" role="img" aria-labelledby="scaling-t scaling-d" font-family="Arial, Helvetica, sans-serif" font-size="12">' +
-    '<title id="scaling-t">Average FPS against resolution</title><desc id="scaling-d">' + esc('Average FPS of ' + what +
-    ' at each resolution, a line for each of ' + groups.length + ' series; repeats show their 95 % interval as a band.') + '</desc>' +
-    '<rect width="100%" height="100%" fill="#fff"/><text x="8" y="20" font-size="15" font-weight="bold">' +
-    esc('Average FPS against resolution: ' + what) + '</text>' + parts.join('') + legend.join('') + '</svg>';
+  return tag('svg', { xmlns: 'http://www.w3.org/2000/svg', width, height, viewBox: '0 0 ' + width + ' ' + height, role: 'img',
+    'aria-labelledby': 'scaling-t scaling-d', 'font-family': 'Arial, Helvetica, sans-serif', 'font-size': 12 },
+    tag('title', { id: 'scaling-t' }, 'Average FPS against resolution'), tag('desc', { id: 'scaling-d' }, 'Average FPS of ' +
+      what + ' at each resolution, a line for each of ' + groups.length + ' series; repeats show their 95 % interval as a band.'),
+    tag('rect', { width: '100%', height: '100%', fill: '#fff' }),
+    tag('text', { x: 8, y: 20, 'font-size': 15, 'font-weight': 'bold' }, 'Average FPS against resolution: ' + what),
+    parts, legend);
 }

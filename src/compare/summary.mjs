@@ -1,7 +1,7 @@
 // The summary above the charts: for each series the geometric mean of its Average FPS over the
 // levels, at each resolution and over all, its difference against the baseline, and its rank.
 
-import { esc, fps, percent } from './markup.mjs';
+import { tag, fps, percent } from './markup.mjs';
 import { geometricMean, unsteady } from './inference.mjs';
 
 // The rows, ranked. A series is compared with the baseline like for like, over the
@@ -30,17 +30,16 @@ export function summaryOf(groups, keys, averages, base) {
 }
 
 export function summaryHtml(summary, base) {
-  const cell = (v) => (v === null ? '<td class="gap">no rate</td>' : '<td>' + fps(v) + '</td>');
+  const cell = (v) => (v === null ? tag('td', { class: 'gap' }, 'no rate') : tag('td', null, fps(v)));
   const head = ['Rank', 'Series', 'All resolutions'].concat(summary.resolutions, ['Against ' + base.name, 'Repeats']);
-  return '<section class="summary" aria-labelledby="h-summary"><h2 id="h-summary">Summary</h2>' +
-    '<div class="scroll" tabindex="0" role="region" aria-label="Summary table"><table id="summary">' +
-    '<caption>Geometric mean of Average FPS over the levels; the series are ranked by their difference in ' +
-    'per cent against the baseline, taken over the pairs of resolution and level that both have; repeats that ' +
-    'vary by more than 3 % at any pair are unsteady</caption>' +
-    '<thead><tr>' + head.map((h) => '<th scope="col">' + esc(h) + '</th>').join('') + '</tr></thead><tbody>' +
-    summary.rows.map((r, rank) => '<tr><td>' + (rank + 1) + '</td><th scope="row">' + esc(r.g.name) + '</th>' +
-      cell(r.overall) + r.byRes.map(cell).join('') +
-      '<td>' + (r.g === base ? 'baseline' : r.difference === null ? 'nothing in common' : percent(r.difference)) +
-      '</td><td>' + r.repeats + '</td></tr>').join('') +
-    '</tbody></table></div></section>';
+  return tag('section', { class: 'summary', 'aria-labelledby': 'h-summary' }, tag('h2', { id: 'h-summary' }, 'Summary'),
+    tag('div', { class: 'scroll', tabindex: 0, role: 'region', 'aria-label': 'Summary table' }, tag('table', { id: 'summary' },
+      tag('caption', null, 'Geometric mean of Average FPS over the levels; the series are ranked by their difference in ' +
+        'per cent against the baseline, taken over the pairs of resolution and level that both have; repeats that ' +
+        'vary by more than 3 % at any pair are unsteady'),
+      tag('thead', null, tag('tr', null, head.map((h) => tag('th', { scope: 'col' }, h)))),
+      tag('tbody', null, summary.rows.map((r, rank) => tag('tr', null, tag('td', null, rank + 1),
+        tag('th', { scope: 'row' }, r.g.name), cell(r.overall), r.byRes.map(cell),
+        tag('td', null, r.g === base ? 'baseline' : r.difference === null ? 'nothing in common' : percent(r.difference)),
+        tag('td', null, r.repeats)))))));
 }

@@ -1,19 +1,19 @@
 // The tables of numbers under the charts, and the same numbers as CSV.
 
 import { TABLES } from './report.mjs';
-import { esc, fps, percent } from './markup.mjs';
+import { tag, fps, percent } from './markup.mjs';
 import { difference } from './stats.mjs';
 import { unsteady, verdict } from './inference.mjs';
 
 export function tableHtml(t, groups, keys, stats, base) {
-  const head = groups.map((g) => '<th scope="col">' + esc(g.name) +
-    (g === base ? ' <span class="base">(baseline)</span>' : '') + '</th>').join('');
+  const head = groups.map((g) => tag('th', { scope: 'col' }, g.name,
+    g === base && [' ', tag('span', { class: 'base' }, '(baseline)')]));
   const rows = keys.map((key, k) => {
     const b = stats[k][base.index];
-    return '<tr><th scope="row">' + esc(key.res) + '</th><th scope="row">' + esc(key.level) + '</th>' +
+    return tag('tr', null, tag('th', { scope: 'row' }, key.res), tag('th', { scope: 'row' }, key.level),
       groups.map((g, i) => {
         const st = stats[k][i];
-        if (!st) return '<td class="gap">no rate</td>';
+        if (!st) return tag('td', { class: 'gap' }, 'no rate');
         const d = g === base ? null : difference(st, b);
         // Plain text in lines: a table of 50 series has thousands of these cells, and each
         // element in them costs parse and layout time.
@@ -22,19 +22,20 @@ export function tableHtml(t, groups, keys, stats, base) {
         if (g.members.length > 1) {
           lines.push('sd ' + (st.sd === null ? '–' : fps(st.sd)) + ', n ' + st.n + (unsteady(st) ? ', unsteady' : ''));
         }
-        return (unsteady(st) ? '<td class="unsteady">' : '<td>') + lines.join(' <br>') + '</td>';
-      }).join('') + '</tr>';
-  }).join('');
-  return '<div class="scroll" tabindex="0" role="region" aria-label="' + esc(TABLES[t].title) + ' table">' +
+        return tag('td', { class: unsteady(st) && 'unsteady' }, lines.map((line, n) => (n ? [' ', tag('br'), line] : line)));
+      }));
+  });
+  return tag('div', { class: 'scroll', tabindex: 0, role: 'region', 'aria-label': TABLES[t].title + ' table' },
     // Columns of fixed width: the browser then lays out a table of 50 series without
     // measuring each of its thousands of cells first.
-    '<table class="numbers" id="table-' + TABLES[t].slug + '" style="width:' + (17.5 + 10.5 * groups.length) + 'em">' +
-    '<colgroup><col class="res"><col class="level"><col span="' + groups.length + '" class="val"></colgroup><caption>' + esc(TABLES[t].title) +
-    ': mean frames per second, for repeats ± the half width of its 95 % interval; the difference in per cent ' +
-    'against ' + esc(base.name) + ' and whether it is real (Welch\'s t-test at 5 %); for repeats the standard ' +
-    'deviation and the count, and "unsteady" where they vary by more than 3 %: run that series again</caption>' +
-    '<thead><tr><th scope="col">Resolution</th><th scope="col">Level</th>' + head + '</tr></thead>' +
-    '<tbody>' + rows + '</tbody></table></div>';
+    tag('table', { class: 'numbers', id: 'table-' + TABLES[t].slug, style: 'width:' + (17.5 + 10.5 * groups.length) + 'em' },
+      tag('colgroup', null, tag('col', { class: 'res' }), tag('col', { class: 'level' }),
+        tag('col', { span: groups.length, class: 'val' })),
+      tag('caption', null, TABLES[t].title + ': mean frames per second, for repeats ± the half width of its 95 % interval; ' +
+        'the difference in per cent against ' + base.name + ' and whether it is real (Welch\'s t-test at 5 %); for repeats ' +
+        'the standard deviation and the count, and "unsteady" where they vary by more than 3 %: run that series again'),
+      tag('thead', null, tag('tr', null, tag('th', { scope: 'col' }, 'Resolution'), tag('th', { scope: 'col' }, 'Level'), head)),
+      tag('tbody', null, rows)));
 }
 
 export function csvField(text) {
