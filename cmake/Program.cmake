@@ -16,13 +16,6 @@ set_source_files_properties(src/app/KelvarniteUT2k3Benchmark.rc PROPERTIES OBJEC
   "${KELVARNITE_RESOURCES};${PROJECT_BINARY_DIR}/app/KelvarniteUT2k3Benchmark.manifest")
 target_link_libraries(KelvarniteUT2k3Benchmark PRIVATE kelvarnite)
 
-# Driving the program's windows from another process, as a user would: the end-to-end driver
-# and the measuring program share these helpers.
-add_library(kelvarnite_window_driver STATIC ${PROJECT_SOURCE_DIR}/tests/e2e/ui.cpp)
-target_include_directories(kelvarnite_window_driver PUBLIC ${PROJECT_SOURCE_DIR}/tests/e2e
-  ${PROJECT_SOURCE_DIR}/src)
-target_link_libraries(kelvarnite_window_driver PUBLIC kelvarnite_options user32 gdi32)
-
 # The program folder as a Windows user unpacks it: the exe, INI\D3D\ and INI\OGL\ with the
 # game's ini files, the guides, and the page that compares reports.
 install(TARGETS KelvarniteUT2k3Benchmark RUNTIME DESTINATION .)

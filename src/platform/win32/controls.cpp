@@ -203,7 +203,7 @@ void CreateControl(HWND parent, FormState& state, std::size_t i, int dpi) {
   }
   const int width = Pixels(control.Width(), dpi), height = Pixels(control.Height(), dpi);
   HWND hwnd = ::CreateWindowExA(
-      exStyle, kind.className, kind.show == ShowList ? "" : control.Caption().c_str(), style,
+      exStyle, kind.className, control.Caption().c_str(), style,
       Pixels(left, dpi), Pixels(top, dpi), width, height, parent,
       reinterpret_cast<HMENU>(static_cast<INT_PTR>(kFirstControlId + static_cast<int>(i))),
       Instance(), nullptr);

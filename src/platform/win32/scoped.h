@@ -35,7 +35,6 @@ class Scoped {
 };
 
 using ScopedFile = Scoped<HANDLE, ::CloseHandle, -1>;  // CreateFile's INVALID_HANDLE_VALUE
-using ScopedHandle = Scoped<HANDLE, ::CloseHandle>;
 using ScopedGdiObject = Scoped<HGDIOBJ, ::DeleteObject>;
 using ScopedIcon = Scoped<HICON, ::DestroyIcon>;
 
