@@ -40,9 +40,8 @@ struct Scenario {
 
   std::vector<Fields> All(const std::string& key) const {
     std::vector<Fields> found;
-    for (const auto& [k, fields] : entries) {
+    for (const auto& [k, fields] : entries)
       if (k == key) found.push_back(fields);
-    }
     return found;
   }
   Fields List(const std::string& key) const { return All(key).empty() ? Fields{} : All(key)[0]; }
@@ -74,14 +73,11 @@ std::string Trim(const std::string& text) {
 std::string Unescape(const std::string& text) {
   std::string bytes;
   for (std::size_t i = 0; i < text.size(); ++i) {
-    const std::size_t escape =
-        text[i] == '\\' ? std::string("rn0x").find(text[i + 1]) : std::string::npos;
-    if (escape == std::string::npos) {
-      bytes += text[i];
-      continue;
-    }
-    bytes += escape == 3 ? static_cast<char>(std::stoi(text.substr(i + 2, 2), nullptr, 16)) : "\r\n"[escape];
-    i += escape == 3 ? 3 : 1;
+    const std::size_t escape = text[i] == '\\' ? std::string("rn0x").find(text[i + 1]) : std::string::npos;
+    bytes += escape == std::string::npos ? text[i]
+             : escape == 3 ? static_cast<char>(std::stoi(text.substr(i + 2, 2), nullptr, 16))
+                           : "\r\n"[escape];  // the literal's own terminator for \0
+    i += escape == std::string::npos ? 0 : escape == 3 ? 3 : 1;
   }
   return bytes;
 }
@@ -91,9 +87,7 @@ std::string Expand(std::string text, const std::string& program) {
       {"{program}", ui::kProgramFolder}, {"{full}", ui::kFullGame}, {"{demo}", ui::kDemoGame},
       {"{results}", program + "\\results.html"}, {"{title}", ui::kTitle}};
   for (const auto& [name, value] : placeholders) {
-    for (std::size_t at; (at = text.find(name)) != std::string::npos;) {
-      text.replace(at, name.size(), value);
-    }
+    for (std::size_t at; (at = text.find(name)) != std::string::npos;) text.replace(at, name.size(), value);
   }
   return text;
 }
@@ -102,8 +96,7 @@ std::string Expand(std::string text, const std::string& program) {
 void Complete(Scenario& s) {
   const std::string program = Expand(s.Get("program", ui::kProgramFolder), "");
   for (auto& [key, fields] : s.entries) {
-    const auto known =
-        std::find_if(kKeys.begin(), kKeys.end(), [&](const auto& k) { return k.first == key; });
+    const auto known = std::find_if(kKeys.begin(), kKeys.end(), [&](const auto& k) { return k.first == key; });
     if (known == kKeys.end()) Fail(s.name + ": no key \"" + key + "\"");
     if (known - kKeys.begin() < 8 && s.All(key).size() > 1) Fail(s.name + ": \"" + key + "\" twice");
     fields = ui::Split(fields[0], " | ");
@@ -280,11 +273,7 @@ void About(const Scenario& s) {
     return ui::AwaitTop(ui::kFormClass, "About " + ui::kTitle);
   };
   HWND about = open();
-  // The version the build gave the program.
-  char version[32];
-  std::snprintf(version, sizeof(version), "Version %d.%d.%d", KELVARNITE_VERSION_MAJOR,
-                KELVARNITE_VERSION_MINOR, KELVARNITE_VERSION_PATCH);
-  for (const std::string& text : {std::string(version), ui::kTitle}) {
+  for (const std::string& text : {std::string("Version " KELVARNITE_VERSION), ui::kTitle}) {  // as built
     ui::Await("the label " + text, [&] { return ui::FindChild(about, text); });
   }
   Shot(s, about);
@@ -362,9 +351,8 @@ void Prepare(const Scenario& s) {
   if (!(install & 1)) ::RegDeleteKeyA(HKEY_LOCAL_MACHINE, kGameKey.c_str());
   if (!(install & 2)) ::RegDeleteKeyA(HKEY_LOCAL_MACHINE, (kGameKey + "Demo").c_str());
   if (const std::string fault = s.Get("fault"); !fault.empty()) {
-    for (const std::string& game : {ui::kFullGame, ui::kDemoGame}) {
+    for (const std::string& game : {ui::kFullGame, ui::kDemoGame})
       ui::WriteBytes(game + "\\System\\StandIn.ini", "[StandIn]\r\nFault=" + fault + "\r\n");
-    }
   }
   // An ini file of the user's own, in a folder with a blank, for the file dialog to find.
   ::CreateDirectoryW(L"C:\\My Settings", nullptr);
@@ -414,12 +402,9 @@ int main(int argc, char** argv) {
   const std::string command = argc >= 2 ? argv[1] : "", name = argc >= 3 ? argv[2] : "";
   try {
     for (const Scenario& s : Scenarios()) {
-      for (const auto& [verb, f] : s.entries) {
-        if (command == "host" && argc == 2 && (verb == "immutable" || verb == "copy" || verb == "drive")) {
-          std::printf("%s\t%s\t%s\t%s\n", s.name.c_str(), verb.c_str(), f[0].c_str(),
-                      f.size() > 1 ? f[1].c_str() : "");
-        }
-      }
+      for (const auto& [verb, f] : s.entries)
+        if (command == "host" && argc == 2 && (verb == "immutable" || verb == "copy" || verb == "drive"))
+          std::printf("%s\t%s\t%s\t%s\n", s.name.c_str(), verb.c_str(), f[0].c_str(), f.size() > 1 ? f[1].c_str() : "");
       if (s.name != name) continue;
       if (command == "prepare" && argc == 3) return Prepare(s), 0;
       if (command == "run") return Run(s, argc == 4 && std::string(argv[3]) == "prepared");

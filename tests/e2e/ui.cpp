@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/win32/scoped.h"
+
 namespace ui {
 namespace {
 
@@ -29,7 +31,15 @@ BOOL CALLBACK Collect(HWND window, LPARAM list) {
   return TRUE;
 }
 
-// The first child window, at any depth, that passes the test.
+// The visible top-level windows of the program, or the child windows of a parent at any depth.
+std::vector<HWND> Windows(HWND parent) {
+  std::vector<HWND> found;
+  parent ? ::EnumChildWindows(parent, Collect, reinterpret_cast<LPARAM>(&found))
+         : ::EnumWindows(Collect, reinterpret_cast<LPARAM>(&found));
+  if (!parent) std::erase_if(found, [](HWND w) { return !OfProgram(w) || !::IsWindowVisible(w); });
+  return found;
+}
+
 HWND AwaitControl(HWND window, const std::string& caption) {
   return Await("the control \"" + caption + "\"", [&] { return FindChild(window, caption); });
 }
@@ -99,15 +109,8 @@ void AwaitProgramEnd() {
 }
 
 HWND FindTop(const wchar_t* windowClass, const std::string& title) {
-  std::vector<HWND> windows;
-  ::EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
-  for (HWND window : windows) {
-    if (OfProgram(window) && ::IsWindowVisible(window) && ClassOf(window) == windowClass &&
-        (title.empty() || TextOf(window) == title)) {
-      return window;
-    }
-  }
-  return nullptr;
+  return FindChildWhere(nullptr,
+                        [&](HWND w) { return ClassOf(w) == windowClass && (title.empty() || TextOf(w) == title); });
 }
 
 HWND AwaitTop(const wchar_t* windowClass, const std::string& title) {
@@ -115,9 +118,7 @@ HWND AwaitTop(const wchar_t* windowClass, const std::string& title) {
 }
 
 HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test) {
-  std::vector<HWND> children;
-  ::EnumChildWindows(parent, Collect, reinterpret_cast<LPARAM>(&children));
-  for (HWND child : children) {
+  for (HWND child : Windows(parent)) {
     if (test(child)) return child;
   }
   return nullptr;
@@ -163,8 +164,7 @@ void ClickWithMouse(HWND control) {
 
 void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled) {
   HWND control = AwaitControl(window, caption);
-  const char* const state = checked ? (enabled ? "checked and enabled" : "checked and disabled")
-                                    : (enabled ? "unchecked and enabled" : "unchecked and disabled");
+  const std::string state = std::string(checked ? "checked" : "unchecked") + " and " + (enabled ? "enabled" : "disabled");
   AwaitTrue("\"" + caption + "\" to be " + state, [&] {
     const bool checkedNow = ::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
     return checkedNow == checked && (::IsWindowEnabled(control) != 0) == enabled;
@@ -184,13 +184,8 @@ void AnswerBox(const std::string& title, const std::string& text, bool criticalI
   }
   // While the box is open no window of the program takes input, so no second test can start
   // inside the wait of the first.
-  std::vector<HWND> windows;
-  ::EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
-  for (HWND window : windows) {
-    if (window != box && OfProgram(window) && ::IsWindowVisible(window) && ::IsWindowEnabled(window)) {
-      Fail("the window \"" + TextOf(window) + "\" takes input under the box \"" + seenTitle + "\"");
-    }
-  }
+  if (HWND open = FindChildWhere(nullptr, [&](HWND w) { return w != box && ::IsWindowEnabled(w); }))
+    Fail("the window \"" + TextOf(open) + "\" takes input under the box \"" + seenTitle + "\"");
   ::PostMessageW(FindChild(box, L"Button", IDOK), BM_CLICK, 0, 0);
   AwaitTrue("the box to close", [&] { return !::IsWindow(box); });
 }
@@ -220,18 +215,15 @@ void SaveScreenshot(HWND window, const std::string& path) {
   const int width = rect.right - rect.left, height = rect.bottom - rect.top;
   BITMAPINFOHEADER info{sizeof(info), width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
   void* bits = nullptr;
-  HDC screen = ::GetDC(nullptr), memory = ::CreateCompatibleDC(screen);
-  HBITMAP bitmap =
-      ::CreateDIBSection(screen, reinterpret_cast<BITMAPINFO*>(&info), DIB_RGB_COLORS, &bits, nullptr, 0);
-  if (bitmap == nullptr) Fail("cannot make a picture of " + std::to_string(width) + "x" + std::to_string(height));
-  HGDIOBJ old = ::SelectObject(memory, bitmap);
-  ::BitBlt(memory, 0, 0, width, height, screen, rect.left, rect.top, SRCCOPY);
+  const win32::WindowDC screen(nullptr);
+  const win32::Scoped<HDC, ::DeleteDC> memory(::CreateCompatibleDC(screen.get()));
+  const win32::ScopedGdiObject bitmap(::CreateDIBSection(screen.get(), reinterpret_cast<BITMAPINFO*>(&info),
+                                                         DIB_RGB_COLORS, &bits, nullptr, 0));
+  if (!bitmap.valid()) Fail("cannot make a picture of " + std::to_string(width) + "x" + std::to_string(height));
+  const win32::SelectScope selected(memory.get(), bitmap.get());
+  ::BitBlt(memory.get(), 0, 0, width, height, screen.get(), rect.left, rect.top, SRCCOPY);
   ::GdiFlush();
   const std::string pixels(static_cast<const char*>(bits), ((width * 3 + 3) & ~3) * height);
-  ::SelectObject(memory, old);
-  ::DeleteObject(bitmap);
-  ::DeleteDC(memory);
-  ::ReleaseDC(nullptr, screen);
 
   const DWORD offset = sizeof(BITMAPFILEHEADER) + sizeof(info);
   const BITMAPFILEHEADER file{0x4D42 /* "BM" */, offset + static_cast<DWORD>(pixels.size()), 0, 0, offset};

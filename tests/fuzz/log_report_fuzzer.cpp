@@ -42,10 +42,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
       (fs::is_directory("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path()) /
       "kelvarnite-fuzz-XXXXXX";
   Require(mkdtemp(root.data()) != nullptr);
-  std::atexit([] {
-    std::error_code ignored;
-    fs::remove_all(root, ignored);
-  });
+  std::atexit([] { std::error_code ignored; fs::remove_all(root, ignored); });
   headless::Reset(root);
   headless::SetString(platform::kLocalMachine,
                       "SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003", "Folder", kGame);

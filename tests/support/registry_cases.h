@@ -1,5 +1,5 @@
 // Registry values and what reading them must give. The headless test stores them in the
-// in-memory registry; the check under Wine writes them into the real one with RegSetValueExA.
+// in-memory registry; the check under Wine writes them into the real one with SHSetValueA.
 #pragma once
 
 #include <cstdint>

@@ -26,9 +26,7 @@ TEST_F(About, OneWindowItsToolTipsTheWebSiteAndEnter) {
   frmAbout& about = *Window();
   EXPECT_EQ(form.Picture1.ToolTipText() + "|" + about.Picture1.ToolTipText(),
             "Click to go to www.kelvarnite.example|Click to go to www.kelvarnite.example");
-  EXPECT_EQ(about.lblVersion.Caption(), "Version " + std::to_string(KELVARNITE_VERSION_MAJOR) + "." +
-                                            std::to_string(KELVARNITE_VERSION_MINOR) + "." +
-                                            std::to_string(KELVARNITE_VERSION_PATCH));
+  EXPECT_EQ(about.lblVersion.Caption(), "Version " KELVARNITE_VERSION);
   headless::Click(about.Picture1);
   EXPECT_EQ(headless::ShellCalls(), (std::vector<headless::ShellCall>{
                                         {0, {}, "http://www.kelvarnite.example/", {}, "C:\\", 1}}));

@@ -17,10 +17,8 @@ struct Install : HeadlessTest {
   // The keys opened so far, in order: F the full game's, D the demo's, each with mask 63.
   static std::string KeysOpened() {
     std::string keys;
-    for (const std::string& call : headless::RegistryCalls()) {
-      if (call == "open " + std::string(kFullKey) + " 63") keys += 'F';
-      if (call == "open " + std::string(kDemoKey) + " 63") keys += 'D';
-    }
+    const std::string full = "open " + std::string(kFullKey) + " 63", demo = "open " + std::string(kDemoKey) + " 63";
+    for (const std::string& call : headless::RegistryCalls()) keys += call == full ? "F" : call == demo ? "D" : "";
     return keys;
   }
 };

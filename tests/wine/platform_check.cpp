@@ -3,6 +3,7 @@
 // which files the System Info search counts as normal; and the pictures stored in the release
 // exe named on the command line.
 #include <windows.h>
+#include <shlwapi.h>
 
 #include <cstdio>
 #include <string>
@@ -21,17 +22,10 @@ void Expect(const std::string& what, const std::string& got, const std::string& 
   std::printf("FAIL  %s: expected %s, got %s\n", what.c_str(), wanted.c_str(), got.c_str());
 }
 
+// Creates the key where it is missing.
 bool Write(const std::string& key, const registry_cases::Case& c) {
-  HKEY handle = nullptr;
-  if (::RegCreateKeyExA(HKEY_LOCAL_MACHINE, key.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
-                        &handle, nullptr) != ERROR_SUCCESS) {
-    return false;
-  }
-  const LONG code = ::RegSetValueExA(handle, c.value, 0, c.type,
-                                     reinterpret_cast<const BYTE*>(c.data.data()),
-                                     static_cast<DWORD>(c.data.size()));
-  ::RegCloseKey(handle);
-  return code == ERROR_SUCCESS;
+  return ::SHSetValueA(HKEY_LOCAL_MACHINE, key.c_str(), c.value, c.type, c.data.data(),
+                       static_cast<DWORD>(c.data.size())) == ERROR_SUCCESS;
 }
 
 // A stored picture as "<width>x<height> <bits a pixel> bits, compression <n>", or for an icon
