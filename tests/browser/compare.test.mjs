@@ -11,13 +11,13 @@ import { launchChromium } from './chromium.mjs';
 const PAGE = process.env.KELVARNITE_COMPARE_PAGE;
 const golden = (name) => fs.readFileSync(new URL('../e2e/golden/' + name, import.meta.url), 'latin1');
 // A file of a case: a golden report or side file, with some of its lines (counted from 1)
-// replaced or the file cut after a line, or padded with blanks to a size.
-const file = ({ name, from, lines = {}, padTo = 0 }) => {
+// replaced or the file cut before a line (null), with other line ends, or padded with blanks.
+const file = ({ name, from, lines = {}, lineEnd = '\r\n', padTo = 0 }) => {
   const all = golden(from).split('\r\n');
   for (const [n, text] of Object.entries(lines)) {
-    if (text === null) all.length = Number(n); else all[n - 1] = text;
+    if (text === null) all.length = n - 1; else all[n - 1] = text;
   }
-  return { name, mimeType: 'text/html', buffer: Buffer.from(all.join('\r\n').padEnd(padTo), 'latin1') };
+  return { name, mimeType: 'text/html', buffer: Buffer.from(all.join(lineEnd).padEnd(padTo), 'latin1') };
 };
 
 // Each case adds or drops its files, then renames a series or picks a baseline, and expects the
@@ -54,6 +54,7 @@ async function saved(page, selector) {
 const look = () => ({
   messages: [...document.querySelectorAll('#messages li')].map((li) => li.textContent),
   series: [...document.querySelectorAll('#series tbody input')].map((i) => i.value),
+  runs: [...document.querySelectorAll('#series tbody tr')].map((r) => r.cells[3].textContent),
   tables: Object.fromEntries([...document.querySelectorAll('table.numbers')].map((t) => [t.id.slice(6), {
     head: [...t.tHead.rows[0].cells].map((c) => c.textContent),
     rows: [...t.tBodies[0].rows].map((r) => [...r.cells].map((c) => c.textContent)),
@@ -96,9 +97,7 @@ for (const c of cases) {
     const seen = await page.evaluate(look);
 
     assert.deepEqual(seen.messages, c.messages);
-    if (c.series) assert.deepEqual(seen.series, c.series);
-    if (c.summary) assert.deepEqual(seen.summary, c.summary);
-    if (c.scaling) assert.deepEqual(seen.scaling, c.scaling);
+    for (const part of ['series', 'runs', 'summary', 'scaling']) if (c[part]) assert.deepEqual(seen[part], c[part], part);
     const low = seen.tables['low-fps'];
     if (c.head) assert.deepEqual(low.head, c.head);
     if (c.column) assert.deepEqual(low.rows.map((r) => r[0]), c.column);
