@@ -27,7 +27,9 @@ export function pixels(res) {
 // Every resolution and level pair that any series has: resolutions by their size, levels in
 // the order the series bring them in.
 export function keysOf(series) {
+  // Stryker disable next-line ArrayDeclaration: a name of no series makes no pair
   const resolutions = [];
+  // Stryker disable next-line ArrayDeclaration: a name of no series makes no pair
   const levels = [];
   const have = new Set();
   for (const s of series) {
@@ -35,9 +37,10 @@ export function keysOf(series) {
     for (const l of s.report.levels) if (levels.indexOf(l) < 0) levels.push(l);
     for (const k of s.report.values.keys()) have.add(k);
   }
-  const order = resolutions.map((r, i) => ({ r, i })).sort((a, b) => (pixels(a.r) - pixels(b.r)) || (a.i - b.i));
+  // The sort is stable: resolutions of one size, and those that are no size, keep their order.
+  resolutions.sort((a, b) => (pixels(a) - pixels(b)) || 0);
   const keys = [];
-  for (const { r } of order) {
+  for (const r of resolutions) {
     for (const l of levels) if (have.has(r + '\n' + l)) keys.push({ id: r + '\n' + l, res: r, level: l });
   }
   return keys;
