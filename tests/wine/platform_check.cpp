@@ -34,9 +34,8 @@ std::string Picture(HMODULE exe, const char* name, bool icon) {
   HRSRC found = ::FindResourceA(exe, name, icon ? MAKEINTRESOURCEA(14) : MAKEINTRESOURCEA(2));
   const auto* bytes = found ? static_cast<const BYTE*>(::LockResource(::LoadResource(exe, found))) : nullptr;
   if (bytes == nullptr) return "no such picture";
-  if (icon) {  // the first entry of the icon's directory: width, height, colours
-    return std::to_string(bytes[6]) + "x" + std::to_string(bytes[7]) + " " + std::to_string(bytes[8]) + " colours";
-  }
+  // Of an icon, the first entry of its directory: width, height, colours.
+  if (icon) return std::to_string(bytes[6]) + "x" + std::to_string(bytes[7]) + " " + std::to_string(bytes[8]) + " colours";
   const auto* info = reinterpret_cast<const BITMAPINFOHEADER*>(bytes);
   return std::to_string(info->biWidth) + "x" + std::to_string(info->biHeight) + " " +
          std::to_string(info->biBitCount) + " bits, compression " + std::to_string(info->biCompression);
