@@ -21,6 +21,7 @@ export function readRate(text) {
   const rate = text.replace(/ +$/, '');
   if (rate === '') return { blank: true };
   if (!/^[0-9]+(\.[0-9]+)?$/.test(rate)) return { odd: rate, why: 'is not a rate' };
+  // Stryker disable next-line EqualityOperator: a rate that passed the pattern has no point first
   if (rate.length >= 10 && rate.indexOf('.') < 0) {
     return { odd: rate, why: 'is not a rate (10 digits with no point: cut from a longer number)' };
   }
@@ -28,6 +29,7 @@ export function readRate(text) {
 }
 
 export function listText(items) {
+  // Stryker disable next-line StringLiteral: one item or none joins without its separator
   return items.length < 2 ? items.join('') :
     items.slice(0, -1).join(', ') + ' and ' + items[items.length - 1];
 }
