@@ -14,11 +14,14 @@ export const MAX_BYTES = 1 << 20;
 const NOT_A_REPORT = 'not a report of Kelvarnite UT2k3 Benchmark (its first line is not "' +
   FIRST_LINE + '"); not added.';
 
+// A field of the report without the blanks that pad it to its width; those inside it stay.
+const unpadded = (field) => field.replace(/ +$/, '');
+
 // The game prints a rate as a plain decimal ("73.534819"), and the report keeps it as text in
 // a field of 10 characters. Ten or more digits without a point can only be the head of a
 // longer number that the field cut, so its value is unknown.
 export function readRate(text) {
-  const rate = text.replace(/ +$/, '');
+  const rate = unpadded(text);
   if (rate === '') return { blank: true };
   if (!/^[0-9]+(\.[0-9]+)?$/.test(rate)) return { odd: rate, why: 'is not a rate' };
   // Stryker disable next-line EqualityOperator: a rate that passed the pattern has no point first
@@ -93,7 +96,7 @@ export function parseReport(text) {
   const layout = grids[0];
   const levels = [];
   layout.levels.forEach((field, c) => {
-    let name = field.replace(/ +$/, '');
+    let name = unpadded(field);
     if (name === '') {
       const rated = grids.some((g) => g.rows.some((r) => c < r.cells.length && !readRate(r.cells[c]).blank));
       if (!rated) {
@@ -122,8 +125,8 @@ export function parseReport(text) {
   grids.slice(1).forEach((g, k) => {
     const differs = (at, name, low) => {
       if (low === undefined || name === low) return;
-      messages.push('the ' + TABLES[k + 1].title + ' table has "' + name.replace(/ +$/, '') + '" at ' + at +
-        ' where the Low FPS table has "' + low.replace(/ +$/, '') + '"; its cells there show as gaps.');
+      messages.push('the ' + TABLES[k + 1].title + ' table has "' + unpadded(name) + '" at ' + at +
+        ' where the Low FPS table has "' + unpadded(low) + '"; its cells there show as gaps.');
     };
     g.rows.forEach((row, r) => differs('row ' + (r + 1), row.name, layout.rows[r]?.name));
     g.levels.forEach((name, c) => differs('column ' + (c + 1), name, layout.levels[c]));

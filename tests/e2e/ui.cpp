@@ -40,6 +40,12 @@ std::vector<HWND> Windows(HWND parent) {
   return found;
 }
 
+HWND FirstOf(const std::vector<HWND>& windows, const std::function<bool(HWND)>& test) {
+  for (HWND window : windows)
+    if (test(window)) return window;
+  return nullptr;
+}
+
 HWND AwaitControl(HWND window, const std::string& caption) {
   return Await("the control \"" + caption + "\"", [&] { return FindChild(window, caption); });
 }
@@ -109,20 +115,14 @@ void AwaitProgramEnd() {
 }
 
 HWND FindTop(const wchar_t* windowClass, const std::string& title) {
-  return FindChildWhere(nullptr,
-                        [&](HWND w) { return ClassOf(w) == windowClass && (title.empty() || TextOf(w) == title); });
+  return FirstOf(Windows(nullptr), [&](HWND w) { return ClassOf(w) == windowClass && (title.empty() || TextOf(w) == title); });
 }
 
 HWND AwaitTop(const wchar_t* windowClass, const std::string& title) {
   return Await("the window \"" + title + "\"", [&] { return FindTop(windowClass, title); });
 }
 
-HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test) {
-  for (HWND child : Windows(parent)) {
-    if (test(child)) return child;
-  }
-  return nullptr;
-}
+HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test) { return FirstOf(Windows(parent), test); }
 
 HWND FindChild(HWND parent, const std::string& text) {
   return FindChildWhere(parent, [&](HWND child) { return TextOf(child) == text; });
@@ -184,7 +184,7 @@ void AnswerBox(const std::string& title, const std::string& text, bool criticalI
   }
   // While the box is open no window of the program takes input, so no second test can start
   // inside the wait of the first.
-  if (HWND open = FindChildWhere(nullptr, [&](HWND w) { return w != box && ::IsWindowEnabled(w); }))
+  if (HWND open = FirstOf(Windows(nullptr), [&](HWND w) { return w != box && ::IsWindowEnabled(w); }))
     Fail("the window \"" + TextOf(open) + "\" takes input under the box \"" + seenTitle + "\"");
   ::PostMessageW(FindChild(box, L"Button", IDOK), BM_CLICK, 0, 0);
   AwaitTrue("the box to close", [&] { return !::IsWindow(box); });

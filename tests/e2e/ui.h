@@ -55,7 +55,7 @@ void AwaitProgramEnd();
 HWND FindTop(const wchar_t* windowClass, const std::string& title);
 HWND AwaitTop(const wchar_t* windowClass, const std::string& title);
 // A child window, at any depth, by its text, or by its class and id (-1: any id), or the first
-// that passes a test; of a null parent, the first visible top-level window of the program.
+// that passes a test.
 HWND FindChild(HWND parent, const std::string& text);
 HWND FindChild(HWND parent, const wchar_t* windowClass, int id);
 HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test);
