@@ -110,7 +110,8 @@ Version ApplicationVersion();
 // The forms layer keeps the state of every window and control; these calls mirror it on the
 // screen. The headless implementation hands out handles and keeps nothing else.
 WindowHandle CreateNativeWindow(forms::Window& window);
-// Shows the window, or brings it to the front when it is on the screen already.
+// Shows the window, with its controls as its load left them, or brings it to the front when
+// it is on the screen already.
 void ShowNativeWindow(forms::Window& window);
 // The window's caption changed from code: show the new one, and nothing else.
 void UpdateNativeWindow(forms::Window& window);

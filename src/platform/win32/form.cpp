@@ -165,7 +165,6 @@ WindowHandle CreateNativeWindow(forms::Window& window) {
   ::AdjustWindowRectEx(&frame, style.style, menu != nullptr ? TRUE : FALSE, style.exStyle);
   auto state = std::make_unique<win32::FormState>();
   state->window = &window;
-  win32::FormState& held = *state;
   HWND hwnd = ::CreateWindowExA(style.exStyle, MAKEINTATOM(win32::FormClass()), window.Caption().c_str(),
                                 style.style, CW_USEDEFAULT, CW_USEDEFAULT, frame.right - frame.left,
                                 frame.bottom - frame.top, nullptr, menu, win32::Instance(), &state);
@@ -185,13 +184,19 @@ WindowHandle CreateNativeWindow(forms::Window& window) {
                    win32::Pixels(args.top.value_or(0), screenDpi) - (corner.y - outer.top), 0, 0,
                    SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
-  win32::CreateControls(hwnd, held, dpi);
   return win32::FromHwnd(hwnd);
 }
 
 void ShowNativeWindow(forms::Window& window) {
   HWND hwnd = win32::ToHwnd(window.hWnd());
   if (hwnd == nullptr || !::IsWindow(hwnd)) return;
+  // The controls are made as the window first shows, with what its load made of them: each
+  // change to a control on the screen costs about as much as making it.
+  win32::FormState* state = win32::FormOf(hwnd);
+  if (state != nullptr && !state->controlsMade) {
+    state->controlsMade = true;
+    win32::CreateControls(hwnd, *state, win32::DpiOf(hwnd));
+  }
   if (!::IsWindowVisible(hwnd)) {
     ::ShowWindow(hwnd, SW_SHOW);
     ::UpdateWindow(hwnd);

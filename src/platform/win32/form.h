@@ -42,6 +42,7 @@ struct FormState {
   forms::Window* window = nullptr;
   HWND lastFocus = nullptr;       // restored when the window is activated again
   ToolTips tips;
+  bool controlsMade = false;      // on the window's first showing
   std::vector<Picture> pictures;  // shown by its picture boxes
 };
 
@@ -62,7 +63,8 @@ HMENU BuildMenuBar(const forms::Window& window);
 void OnMenu(forms::Window& window, int id);
 
 // ---- Controls ------------------------------------------------------------------------------
-// The native controls of a form, in table order, which is the tab order.
+// The native controls of a form, in the state the form has given them. Those that take the
+// focus come in table order, which is the tab order.
 void CreateControls(HWND hwnd, FormState& state, int dpi);
 void OnControl(forms::Window& window, int id, int code, HWND hwnd);
 forms::Control* ControlOf(forms::Window& window, HWND hwnd);
