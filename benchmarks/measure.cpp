@@ -1,10 +1,12 @@
 // Timings and memory of the program under Wine, each against a baseline that this same process
 // runs in the same prefix, alternating with the program. Run by tools/benchmark.sh in a prefix
-// laid out by tools/wine-lib.sh, with this exe and minimal_window.exe in the driver folder.
+// laid out by tools/wine-lib.sh, with this exe, minimal_window.exe and same_window.exe in the
+// driver folder.
 //
 //   measure startup <runs>  from CreateProcess to a visible top-level window: the program
-//                           against minimal_window.exe, after a warm-up start of each; and
-//                           the memory of both once their window shows
+//                           against minimal_window.exe and against same_window.exe, its main
+//                           window made by hand, after a warm-up start of each; and the
+//                           memory of the program and the minimal one once their window shows
 //   measure suite <runs>    a High Quality suite of the full game at all five resolutions,
 //                           from the posted click to the report reaching the recording opener,
 //                           against a bare loop of the same 35 starts, after a warm-up pair;
@@ -37,6 +39,7 @@ const std::string kStandInLog = ui::kFullGame + "\\System\\StandIn.log";
 const std::string kLogFolder = ui::kFullGame + "\\Benchmark";
 const std::string kLowFrameRateLog = kLogFolder + "\\lowframerate.log";
 const std::string kMinimalWindow = ui::kDriverFolder + "\\minimal_window.exe";
+const std::string kSameWindow = ui::kDriverFolder + "\\same_window.exe";
 const char* const kResolutions[] = {"640x480", "800x600", "1024x768", "1280x1024", "1600x1200"};
 constexpr std::size_t kSuiteStarts = 35;  // seven levels at five resolutions
 
@@ -158,10 +161,35 @@ void AwaitEnd(HANDLE process) {
   ::CloseHandle(process);
 }
 
+// A window's caption and client size, then its controls, a line each in the order of its
+// stack: class, id, style, check, place and text.
+std::string Layout(HWND window) {
+  RECT client{};
+  ::GetClientRect(window, &client);
+  std::string layout = ui::TextOf(window) + " " + std::to_string(client.right) + "x" +
+                       std::to_string(client.bottom) + "\n";
+  for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+       child = ::GetWindow(child, GW_HWNDNEXT)) {
+    char name[64] = "";
+    ::GetClassNameA(child, name, sizeof(name));
+    RECT place{};
+    ::GetWindowRect(child, &place);
+    ::MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&place), 2);
+    char line[160];
+    std::snprintf(line, sizeof(line), "%s %d %08lx %d %ld,%ld %ldx%ld ", name, ::GetDlgCtrlID(child),
+                  static_cast<unsigned long>(::GetWindowLongA(child, GWL_STYLE)),
+                  static_cast<int>(::SendMessageA(child, BM_GETCHECK, 0, 0)), place.left, place.top,
+                  place.right - place.left, place.bottom - place.top);
+    layout += line + ui::TextOf(child) + "\n";
+  }
+  return layout;
+}
+
 // One start: the time to a visible window, and the memory of the process once it shows.
 struct Shown {
   double seconds;
   PROCESS_MEMORY_COUNTERS_EX memory;
+  std::string layout;
 };
 
 Shown StartToWindow(const std::string& exe) {
@@ -170,23 +198,31 @@ Shown StartToWindow(const std::string& exe) {
   const DWORD process = ::GetProcessId(ui::Program());
   HWND window = nullptr;
   Poll("a window of " + exe, [&] { return (window = VisibleTopWindow(process)) != nullptr; });
-  Shown result{Now() - start, {}};
+  Shown result{Now() - start, {}, {}};
   result.memory = Memory(ui::Program());
+  result.layout = Layout(window);
   ::PostMessageW(window, WM_CLOSE, 0, 0);
   AwaitEnd(ui::Program());
   return result;
 }
 
 int StartUp(int runs) {
-  // Warm-up: the files of both are in the cache from here on.
-  Retried([] { return StartToWindow(kProgram); });
+  // Warm-up: the files of all three are in the cache from here on.
+  const std::string programLayout = Retried([] { return StartToWindow(kProgram); }).layout;
   Retried([] { return StartToWindow(kMinimalWindow); });
-  std::vector<double> program, minimal, programSet, programPrivate, minimalSet, minimalPrivate;
+  const std::string sameLayout = Retried([] { return StartToWindow(kSameWindow); }).layout;
+  if (sameLayout != programLayout) {
+    ui::Fail("the controls of same_window.exe are not the program's:\n" + sameLayout +
+             "against\n" + programLayout);
+  }
+  std::vector<double> program, minimal, same, programSet, programPrivate, minimalSet, minimalPrivate;
   for (int run = 0; run < runs; ++run) {
     const Shown a = Retried([] { return StartToWindow(kProgram); });
     const Shown b = Retried([] { return StartToWindow(kMinimalWindow); });
+    const Shown c = Retried([] { return StartToWindow(kSameWindow); });
     program.push_back(a.seconds);
     minimal.push_back(b.seconds);
+    same.push_back(c.seconds);
     programSet.push_back(static_cast<double>(a.memory.PeakWorkingSetSize));
     programPrivate.push_back(static_cast<double>(PrivateOf(a.memory)));
     minimalSet.push_back(static_cast<double>(b.memory.PeakWorkingSetSize));
@@ -195,6 +231,8 @@ int StartUp(int runs) {
   Print("startup_program", program);
   Print("startup_minimal", minimal);
   Print("startup_pair_ratio", PairRatios(program, minimal));
+  Print("startup_same_window", same);
+  Print("startup_same_pair_ratio", PairRatios(program, same));
   PrintBytes("shown_program_peak_working_set", static_cast<SIZE_T>(Median(programSet)));
   PrintBytes("shown_program_peak_private", static_cast<SIZE_T>(Median(programPrivate)));
   PrintBytes("minimal_peak_working_set", static_cast<SIZE_T>(Median(minimalSet)));

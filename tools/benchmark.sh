@@ -3,7 +3,8 @@
 #
 #   1. the cost per game start: a 35-start High Quality suite, from the click to the report in
 #      the shell's hands, against a bare loop of the same 35 starts (under Wine)
-#   2. start-up to the shown main window, against a minimal window program (under Wine)
+#   2. start-up to the shown main window, against a minimal window program, and against the
+#      same main window made by hand in plain Win32 (under Wine)
 #   3. reading a log and writing its report, natively with Google Benchmark: MB/s of log and
 #      the time per record at 35, 10^3 and 10^5 records, against reading the file alone
 #   4. the size of the release exe and the DLLs it needs
@@ -20,7 +21,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 suite_runs=7     # pairs of a suite and a bare loop, after a warm-up pair
-startup_runs=11  # pairs of a program start and a minimal window start, after a warm-up pair
+startup_runs=11  # rounds of a start of the program, the minimal window and the same window by hand
 while [[ $# -gt 0 ]]; do
   case $1 in
     --runs) suite_runs=$2; shift 2 ;;
@@ -81,7 +82,7 @@ i686-w64-mingw32-objdump -p "$release" >"$work/imports.txt"
 echo "== Laying out a Wine prefix in $work"
 start_xvfb
 make_prefix "$work/prefix" "$program" build/mingw-i686/game --driver build/mingw-i686/tests/e2e --desktop
-cp build/mingw-i686/benchmarks/measure.exe build/mingw-i686/benchmarks/minimal_window.exe \
+cp build/mingw-i686/benchmarks/{measure,minimal_window,same_window}.exe \
   "$(drive_c "$DRIVER_FOLDER")"
 # The stand-in ends at once: what is left of a start is the system's and the program's cost.
 export UT2003_STANDIN_SPEED=0
@@ -91,7 +92,7 @@ measure() {
     || { cat "$work/measure.err" >&2; exit 1; }
   grep '^measure:' "$work/measure.err" || true
 }
-echo "== Start-up: $startup_runs alternating pairs"
+echo "== Start-up: $startup_runs rounds of the program, the minimal window and the same window"
 measure startup "$startup_runs"
 echo "== Suite: $suite_runs alternating pairs of 35 starts"
 measure suite "$suite_runs"
