@@ -5,15 +5,9 @@
 // the program's, as the program lays them out with both games installed.
 #include <windows.h>
 
-namespace {
+#include "quit_on_destroy.h"
 
-LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_DESTROY) {
-    ::PostQuitMessage(0);
-    return 0;
-  }
-  return ::DefWindowProcA(window, message, wParam, lParam);
-}
+namespace {
 
 HMENU MenuBar() {
   HMENU file = ::CreatePopupMenu(), help = ::CreatePopupMenu(), bar = ::CreateMenu();
@@ -68,22 +62,22 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
   ::ReleaseDC(nullptr, screen);
   const auto pixels = [dpi](int twips) { return ::MulDiv(twips, dpi, 1440); };
 
-  WNDCLASSEXA windowClass{};
+  WNDCLASSEXW windowClass{};
   windowClass.cbSize = sizeof(windowClass);
-  windowClass.lpfnWndProc = WindowProc;
+  windowClass.lpfnWndProc = QuitOnDestroy;
   windowClass.hInstance = instance;
-  windowClass.hIcon = ::LoadIconA(instance, MAKEINTRESOURCEA(1));
+  windowClass.hIcon = ::LoadIconW(instance, MAKEINTRESOURCEW(1));
   windowClass.hIconSm = static_cast<HICON>(
-      ::LoadImageA(instance, MAKEINTRESOURCEA(1), IMAGE_ICON, ::GetSystemMetrics(SM_CXSMICON),
+      ::LoadImageW(instance, MAKEINTRESOURCEW(1), IMAGE_ICON, ::GetSystemMetrics(SM_CXSMICON),
                    ::GetSystemMetrics(SM_CYSMICON), LR_DEFAULTCOLOR));
-  windowClass.hCursor = ::LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // the arrow
+  windowClass.hCursor = ::LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
   windowClass.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_BTNFACE + 1));
-  windowClass.lpszClassName = "SameWindow";
-  if (!::RegisterClassExA(&windowClass)) return 1;
+  windowClass.lpszClassName = L"SameWindow";
+  if (!::RegisterClassExW(&windowClass)) return 1;
   const DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_BORDER;
   RECT frame{0, 0, pixels(5430), pixels(3810)};
   ::AdjustWindowRectEx(&frame, style, TRUE, 0);
-  HWND window = ::CreateWindowExA(0, "SameWindow", "Kelvarnite UT2k3 Benchmark", style,
+  HWND window = ::CreateWindowExW(0, L"SameWindow", L"Kelvarnite UT2k3 Benchmark", style,
                                   CW_USEDEFAULT, CW_USEDEFAULT, frame.right - frame.left,
                                   frame.bottom - frame.top, nullptr, MenuBar(), instance, nullptr);
   if (window == nullptr) return 1;
@@ -109,10 +103,10 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
   ::ShowWindow(window, SW_SHOW);
   ::UpdateWindow(window);
   MSG message;
-  while (::GetMessageA(&message, nullptr, 0, 0) > 0) {
-    if (!::IsDialogMessageA(window, &message)) {
+  while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (!::IsDialogMessageW(window, &message)) {
       ::TranslateMessage(&message);
-      ::DispatchMessageA(&message);
+      ::DispatchMessageW(&message);
     }
   }
   return 0;
