@@ -100,9 +100,8 @@ void Complete(Scenario& s) {
     if (known == kKeys.end()) Fail(s.name + ": no key \"" + key + "\"");
     if (known - kKeys.begin() < 8 && s.All(key).size() > 1) Fail(s.name + ": \"" + key + "\" twice");
     fields = ui::Split(fields[0], " | ");
-    if (known->second != 0 && fields.size() != known->second) {
+    if (known->second != 0 && fields.size() != known->second)
       Fail(s.name + ": \"" + key + "\" takes " + std::to_string(known->second) + " fields");
-    }
     for (std::size_t i = 0; i < fields.size(); ++i) {
       const bool bytes = i == 1 && (key == "write" || key == "folder");
       fields[i] = Expand(bytes ? Unescape(fields[i]) : fields[i], program);
@@ -194,7 +193,16 @@ void Exit(HWND main, UINT message = WM_COMMAND) {
   ui::AwaitProgramEnd();
 }
 
+// Also checks that the window's frames lie beneath all its other controls, so that none covers
+// a control placed in it.
 void Shot(const Scenario& s, HWND window) {
+  for (HWND child = ::GetWindow(window, GW_CHILD), frame = nullptr; child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    char name[16] = "";
+    const bool isFrame = ::GetClassNameA(child, name, sizeof(name)) && std::string(name) == "Button" &&
+                         (::GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
+    if (isFrame) frame = child;
+    else if (frame) Fail("the control \"" + ui::TextOf(child) + "\" lies beneath the frame \"" + ui::TextOf(frame) + "\"");
+  }
   const std::string folder = Env("KELVARNITE_E2E_SHOTS"), name = s.Get("picture");
   if (!folder.empty() && !name.empty()) ui::SaveScreenshot(window, folder + "\\" + name + ".bmp");
 }

@@ -10,8 +10,7 @@ struct Install : HeadlessTest {
   static std::string State() {
     const Form1& f = MainForm();
     std::string bits;
-    for (bool on : {f.Option3.Enabled(), f.Option4.Enabled(), f.Option3.Value(), f.Option4.Value()})
-      bits += on ? '1' : '0';
+    for (bool on : {f.Option3.Enabled(), f.Option4.Enabled(), f.Option3.Value(), f.Option4.Value()}) bits += "01"[on];
     return bits + " " + AppState.GameVersion + " " + AppState.GamePath;
   }
   // The keys opened so far, in order: F the full game's, D the demo's, each with mask 63.
