@@ -10,8 +10,10 @@ import { describe, geometricMean, studentCdf, studentQuantile, unsteady, verdict
 import { tag } from '../../src/compare/markup.mjs';
 import { parseReport, readRate } from '../../src/compare/report.mjs';
 import { difference, groupsOf, keysOf, statsOf } from '../../src/compare/stats.mjs';
+import { summaryOf } from '../../src/compare/summary.mjs';
 
-const read = (name) => parseReport(fs.readFileSync(new URL('../e2e/golden/' + name, import.meta.url), 'latin1'));
+const golden = (name) => fs.readFileSync(new URL('../e2e/golden/' + name, import.meta.url), 'latin1');
+const read = (name) => parseReport(golden(name));
 
 test('a rate is a plain decimal; anything else is a gap, never a zero', () => {
   const odd = (text, why = 'is not a rate') => [text, { odd: text, why }];
@@ -28,6 +30,23 @@ test('reports as the program writes them, whole and with a run that left no reco
   assert.deepEqual(report.values.get('640x480\nDM-Antalus').map((r) => r.text), ['36.969943', '75.706753', '106.609808']);
   assert.deepEqual(read('crash-mid-suite.html').messages, ['column 7 has no level name and no rates (a run left no record); left out.']);
   assert.equal(parseReport('<HTML>\r\n').report, null);
+  // The same report with LF line ends, and with CR LF and LF by turns, reads the same.
+  let n = 0;
+  for (const text of [golden('full-d3d-high-quality.html').replace(/\r\n/g, '\n'),
+    golden('full-d3d-high-quality.html').replace(/\r\n/g, () => (n++ % 2 ? '\n' : '\r\n'))]) {
+    assert.deepEqual(parseReport(text), read('full-d3d-high-quality.html'));
+  }
+});
+
+test('the summary ranks the fastest first, the baseline by a difference of 0, and one with nothing in common last', () => {
+  const made = (name, average, res = '640x480') => ({ name, report: { resolutions: [res], levels: ['DM-Antalus'],
+    values: new Map([[res + '\nDM-Antalus', [null, { value: average }, null]]]) } });
+  const series = [made('base', 100), made('apart', 200, '800x600'), made('slower', 90), made('faster', 110)];
+  const groups = groupsOf(series);
+  const keys = keysOf(series);
+  const { rows } = summaryOf(groups, keys, keys.map((key) => groups.map((g) => statsOf(g, key, 1))), groups[0]);
+  assert.deepEqual(rows.map((r) => [r.g.name, r.difference?.toFixed(9)]), [['faster', '10.000000000'], ['base', undefined],
+    ['slower', '-10.000000000'], ['apart', undefined]]);
 });
 
 test('repeats are one group: mean, lowest, highest and count; a gap counts for nothing', () => {
