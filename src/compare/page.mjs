@@ -3,6 +3,8 @@
 // no network and no library.
 
 import { TABLES, MAX_BYTES, parseReport } from './report.mjs';
+import { MAX_INDEX_BYTES, indexFromText, readIndex } from './folder.mjs';
+import { settingsOf, settingsText } from './settings.mjs';
 import { groupsOf, keysOf, statsOf, baselineOf } from './stats.mjs';
 import { tag } from './markup.mjs';
 import { colour, chartSvg, barTitle } from './charts.mjs';
@@ -12,6 +14,8 @@ import { scalingSvg } from './scaling.mjs';
 
 // ---- State -------------------------------------------------------------------------------
 
+// Each series is one run; a source is the file it came from, a report or a kept folder's
+// index of several runs, which the list shows, renames and removes as one.
 const state = { series: [], baseline: null, nextId: 1, scalingLevel: '' };
 let drawn = 0;
 
@@ -49,13 +53,18 @@ function render() {
   const groups = groupsOf(state.series);
   const keys = keysOf(state.series);
   $('series-box').hidden = !state.series.length;
-  $('series').tBodies[0].innerHTML = state.series.map((s) => {
+  const sources = [...new Set(state.series.map((s) => s.source))].map((id) => state.series.filter((s) => s.source === id));
+  $('series').tBodies[0].innerHTML = sources.map((runs) => {
+    const s = runs[0];
     const g = groups.find((x) => x.name === s.name);
     return tag('tr', null, tag('td', null, tag('span', { class: 'swatch', style: 'background:' + colour(g.index) })),
-      tag('td', null, tag('input', { type: 'text', 'data-kind': 'name', 'data-id': s.id, value: s.name,
-        'aria-label': 'Name of the series from ' + s.file })), tag('td', null, s.file), tag('td', null, s.report.run),
-      tag('td', { class: 'no-print' }, tag('button', { type: 'button', 'data-kind': 'remove', 'data-id': s.id,
-        'aria-label': 'Remove ' + s.name + ' (' + s.file + ')' }, 'Remove')));
+      tag('td', null, tag('input', { type: 'text', 'data-kind': 'name', 'data-id': s.source, value: s.name,
+        'aria-label': 'Name of the series from ' + (s.from || s.file) })),
+      tag('td', null, s.from ? s.from + ': ' + runs.length + (runs.length === 1 ? ' report' : ' reports') +
+        (s.stopped ? ', ' + s.stopped : '') : s.file),
+      tag('td', null, settingsText(s.settings)),
+      tag('td', { class: 'no-print' }, tag('button', { type: 'button', 'data-kind': 'remove', 'data-id': s.source,
+        'aria-label': 'Remove ' + s.name + ' (' + (s.from || s.file) + ')' }, 'Remove')));
   }).join('');
 
   if (!groups.length) {
@@ -109,16 +118,40 @@ function addMessages(list) {
 
 // ---- Input -------------------------------------------------------------------------------
 
+// What a file gives: the runs of one source under their name, and the messages of what was wrong.
 async function readFile(file) {
-  if (file.size > MAX_BYTES) return { report: null, messages: ['not a report (larger than 1 MiB); not added.'] };
+  const index = /\.js$/i.test(file.name);
+  const limit = index ? MAX_INDEX_BYTES : MAX_BYTES;
+  if (file.size > limit) {
+    return { runs: [], messages: ['not a ' + (index ? 'kept folder\'s index' : 'report') + ' (larger than ' + (limit >> 20) +
+      ' MiB); not added.'] };
+  }
   let text;
   try {
     // One byte a character, as the program writes the report.
     text = new TextDecoder('windows-1252').decode(await file.arrayBuffer());
   } catch (e) {
-    return { report: null, messages: ['cannot be read (' + (e && e.name || 'error') + '); not added.'] };
+    return { runs: [], messages: ['cannot be read (' + (e && e.name || 'error') + '); not added.'] };
   }
-  return parseReport(text);
+  if (index) return { ...readIndex(indexFromText(text)), from: file.name };
+  const { report, messages } = parseReport(text);
+  return { name: stripExtension(file.name), runs: report ? [{ file: file.name, report, settings: settingsOf(report) }] : [], messages };
+}
+
+// The runs of a source become series; an index that is here already is not added twice, as its
+// repeats would then count twice.
+function addSource(file, read, messages) {
+  const from = read.from || null;
+  const own = read.name || stripExtension(file);
+  if (!read.runs.length) return 0;
+  const same = (s) => s.from && s.own === own && s.file === read.runs[0].file && s.started === read.runs[0].started;
+  if (from && state.series.some(same)) {
+    messages.push({ file, text: 'is already added; not added again.' });
+    return 0;
+  }
+  const source = state.nextId;
+  for (const run of read.runs) state.series.push({ ...run, id: state.nextId++, source, from, stopped: read.stopped, own, name: own });
+  return 1;
 }
 
 let queue = Promise.resolve();
@@ -132,10 +165,7 @@ function addFiles(files) {
     results.forEach((res, i) => {
       const file = files[i].name;
       for (const text of res.messages) messages.push({ file, text });
-      if (res.report) {
-        state.series.push({ id: state.nextId++, file, name: stripExtension(file), report: res.report });
-        added++;
-      }
+      added += addSource(file, res, messages);
     });
     addMessages(messages);
     render();
@@ -143,6 +173,27 @@ function addFiles(files) {
       (messages.length ? '; see the problems above.' : '.'));
   });
   return queue;
+}
+
+// A kept folder's compare.html finds the folder's index.js beside it; the script calls
+// kelvarniteIndex, defined here before it loads. Beside the program there is none, and the page
+// waits for files as before.
+function loadFolder() {
+  let given = null;
+  globalThis.kelvarniteIndex = (index) => { given = index; };
+  const script = document.createElement('script');
+  script.src = 'index.js';
+  script.onload = () => {
+    queue = queue.then(() => {
+      const read = { ...readIndex(given), from: 'index.js' };
+      const messages = read.messages.map((text) => ({ file: 'index.js', text }));
+      const added = addSource('index.js', read, messages);
+      addMessages(messages);
+      render();
+      say(added ? 'The runs of this folder: ' + read.runs.length + ' reports of ' + (read.name || 'index.js') + '.' : '');
+    });
+  };
+  document.head.appendChild(script);
 }
 
 function download(name, blob) {
@@ -182,24 +233,27 @@ function downloadChart(t, kind) {
 }
 
 function rename(input) {
-  const s = state.series.find((x) => x.id === Number(input.dataset.id));
-  if (!s) return;
-  const name = input.value.trim() || stripExtension(s.file);
+  const runs = state.series.filter((x) => x.source === Number(input.dataset.id));
+  if (!runs.length) return;
+  const s = runs[0];
+  const name = input.value.trim() || s.own;
   if (name === s.name) { input.value = name; return; }
-  const alone = state.series.filter((x) => x.name === s.name).length === 1;
+  const alone = state.series.every((x) => x.name !== s.name || x.source === s.source);
   if (alone && state.baseline === s.name) state.baseline = name;
-  s.name = name;
+  for (const x of runs) x.name = name;
   render();
 }
 
 function remove(id) {
-  const at = state.series.findIndex((x) => x.id === id);
+  const sources = [...new Set(state.series.map((s) => s.source))];
+  const at = sources.indexOf(id);
   if (at < 0) return;
-  const gone = state.series.splice(at, 1)[0];
+  const gone = state.series.find((x) => x.source === id);
+  state.series = state.series.filter((x) => x.source !== id);
   render();
-  const next = document.querySelectorAll('button[data-kind="remove"]')[Math.min(at, state.series.length - 1)];
+  const next = document.querySelectorAll('button[data-kind="remove"]')[Math.min(at, sources.length - 2)];
   (next || $('add')).focus();
-  say('Removed ' + gone.name + ' (' + gone.file + ').');
+  say('Removed ' + gone.name + ' (' + (gone.from || gone.file) + ').');
 }
 
 function init() {
@@ -280,6 +334,7 @@ function init() {
   window.addEventListener('beforeprint', () => renderCharts(Math.min(chartWidth(), 700)));
   window.addEventListener('afterprint', () => renderCharts());
   render();
+  loadFolder();
 }
 
 init();

@@ -37,14 +37,12 @@ export function listText(items) {
     items.slice(0, -1).join(', ') + ' and ' + items[items.length - 1];
 }
 
-// Reads the text of one report. Gives { report, messages }: report is null when the file is no
-// report at all; otherwise it holds every cell read before any damage, and the messages say
-// what was wrong. Rates stay gaps unless they are plain numbers.
-export function parseReport(text) {
-  const lines = text.split(/\r?\n/);
-  if (lines[lines.length - 1] === '') lines.pop();
-  if (lines[0] !== FIRST_LINE) return { report: null, messages: [NOT_A_REPORT] };
+// The key of a pair of resolution and level in a report's values.
+export const pairKey = (res, level) => res + '\n' + level;
 
+// The three tables as the lines give them, each a list of level fields and of rows of cell
+// fields, up to the first line out of place; cut says where that was, and at is the line after.
+function readGrids(lines) {
   const grids = [];
   let i = 1;
   let cut = null;
@@ -83,16 +81,25 @@ export function parseReport(text) {
         '; the rest shows as gaps.';
     }
   }
+  return { grids, cut, at: i };
+}
 
-  const run = {};
+// The notes under the tables: the test, the renderer and full game or demo, each where a whole
+// line says it.
+const NOTE = /^This test was run using the (.+?) (Option|Rendering Engine|version of Unreal Tournament 2003)$/;
+function readNotes(lines, from) {
+  const notes = {};
   // Stryker disable next-line EqualityOperator: a line past the end matches no note
-  for (; i < lines.length; i++) {
-    const m = /^This test was run using the (.+?) (Option|Rendering Engine|version of Unreal Tournament 2003)$/.exec(lines[i]);
-    if (m) run[m[2][0]] = m[1];
+  for (let i = from; i < lines.length; i++) {
+    const m = NOTE.exec(lines[i]);
+    if (m) notes[{ O: 'test', R: 'renderer', v: 'game' }[m[2][0]]] = m[1];
   }
+  return notes;
+}
 
-  // The Low table lays out the report; the others are read against its rows and columns.
-  const messages = [];
+// The levels and resolutions of the Low table, which lays out the report: a blank level name
+// with rates is "column N", and a level or resolution named twice is kept once.
+function layoutOf(grids, messages) {
   const layout = grids[0];
   const levels = [];
   layout.levels.forEach((field, c) => {
@@ -119,19 +126,26 @@ export function parseReport(text) {
       resolutions.push({ name: row.name, r });
     }
   });
+  return { levels, resolutions };
+}
 
-  // The Average and High tables are read against the Low table's rows and columns: where one
-  // has another resolution or level, its cells there are gaps, and a message says why.
+// The Average and High tables are read against the Low table's rows and columns: where one
+// has another resolution or level, its cells there are gaps, and a message says why.
+function checkAgainstLow(grids, messages) {
   grids.slice(1).forEach((g, k) => {
     const differs = (at, name, low) => {
       if (low === undefined || name === low) return;
       messages.push('the ' + TABLES[k + 1].title + ' table has "' + unpadded(name) + '" at ' + at +
         ' where the Low FPS table has "' + unpadded(low) + '"; its cells there show as gaps.');
     };
-    g.rows.forEach((row, r) => differs('row ' + (r + 1), row.name, layout.rows[r]?.name));
-    g.levels.forEach((name, c) => differs('column ' + (c + 1), name, layout.levels[c]));
+    g.rows.forEach((row, r) => differs('row ' + (r + 1), row.name, grids[0].rows[r]?.name));
+    g.levels.forEach((name, c) => differs('column ' + (c + 1), name, grids[0].levels[c]));
   });
+}
 
+// The three rates of each pair, a gap where a table has none or a cell is no rate.
+function valuesOf(grids, { levels, resolutions }, messages) {
+  const layout = grids[0];
   const values = new Map();
   for (const res of resolutions) {
     for (const level of levels) {
@@ -153,16 +167,31 @@ export function parseReport(text) {
         messages.push('no rate for ' + level.name + ' at ' + res.name + ' in ' + listText(blank) +
           ' FPS (a run left no record); shown as gaps.');
       }
-      values.set(res.name + '\n' + level.name, rates);
+      values.set(pairKey(res.name, level.name), rates);
     }
   }
+  return values;
+}
+
+// Reads the text of one report. Gives { report, messages }: report is null when the file is no
+// report at all; otherwise it holds every cell read before any damage, and the messages say
+// what was wrong. Rates stay gaps unless they are plain numbers.
+export function parseReport(text) {
+  const lines = text.split(/\r?\n/);
+  if (lines[lines.length - 1] === '') lines.pop();
+  if (lines[0] !== FIRST_LINE) return { report: null, messages: [NOT_A_REPORT] };
+  const { grids, cut, at } = readGrids(lines);
+  const messages = [];
+  const layout = layoutOf(grids, messages);
+  checkAgainstLow(grids, messages);
+  const values = valuesOf(grids, layout, messages);
   if (cut) messages.push(cut);
   return {
     report: {
-      resolutions: resolutions.map((x) => x.name),
-      levels: levels.map((x) => x.name),
+      resolutions: layout.resolutions.map((x) => x.name),
+      levels: layout.levels.map((x) => x.name),
       values,
-      run: [run.O, run.R, run.v].filter(Boolean).join(' · '),
+      notes: readNotes(lines, at),
     },
     messages,
   };

@@ -2,6 +2,7 @@
 // pairs of resolution and level that any series has, and each group's figures for a pair.
 
 import { describe } from './inference.mjs';
+import { pairKey } from './report.mjs';
 
 // Series that share a name are one group: the repeats of a run.
 export function groupsOf(series) {
@@ -41,7 +42,7 @@ export function keysOf(series) {
   resolutions.sort((a, b) => (pixels(a) - pixels(b)) || 0);
   const keys = [];
   for (const r of resolutions) {
-    for (const l of levels) if (have.has(r + '\n' + l)) keys.push({ id: r + '\n' + l, res: r, level: l });
+    for (const l of levels) if (have.has(pairKey(r, l))) keys.push({ id: pairKey(r, l), res: r, level: l });
   }
   return keys;
 }

@@ -5,6 +5,8 @@
 import { test, before, after } from 'node:test';
 import assert from 'node:assert/strict';
 import fs from 'node:fs';
+import os from 'node:os';
+import path from 'node:path';
 
 import { launchChromium } from './chromium.mjs';
 
@@ -20,6 +22,28 @@ const file = ({ name, from, lines = {}, lineEnd = '\r\n', padTo = 0 }) => {
   return { name, mimeType: 'text/html', buffer: Buffer.from(all.join(lineEnd).padEnd(padTo), 'latin1') };
 };
 
+// A kept results folder as the program leaves it: compare.html and index.js, each run's report
+// in it as bytes; every string escaped as the index's writer must, so that no "</script>",
+// quote or markup leaves its string.
+const quote = (text) => '"' + [...text].map((c) => (/[\x20-\x7e]/.test(c) && !/["\\<>&']/.test(c) ? c
+  : '\\u' + c.charCodeAt(0).toString(16).padStart(4, '0'))).join('') + '"';
+const json = (v) => (typeof v === 'string' ? quote(v) : Array.isArray(v) ? '[' + v.map(json) + ']'
+  : typeof v === 'object' ? '{' + Object.entries(v).map(([k, x]) => quote(k) + ':' + json(x)) + '}' : String(v));
+const indexJs = ({ name, runs, format = 1 }) => '// The runs kept in this folder\r\nkelvarniteIndex(' + json({ format, name, program: '2.1.0',
+  planned: runs.length, stopped: runs.length + ' of ' + runs.length + ' repeats done' }).slice(0, -1) + ',"runs":[\r\n' +
+  runs.map(({ from, lines, ...run }, i) => json({ file: `20261125-20${i}000 0${i + 1} cpu.html`, repeat: i + 1,
+    started: `2026-11-25 20:0${i}:00`, finished: `2026-11-25 20:0${i}:50`, test: 'cpu', renderer: 'D3D', game: 'full',
+    gameVersion: '2225', resolutions: ['640x480', '1024x768'], level: '', sound: '', detail: '', processor: 'AMD Athlon(tm) XP',
+    display: 'RADEON 9700', ...run, report: file({ from, lines }).buffer.toString('latin1') })).join(',\r\n') + '\r\n]});\r\n';
+const kept = [];
+const keptFolder = (folder) => {
+  const dir = fs.mkdtempSync(path.join(os.tmpdir(), 'kept folder é '));
+  kept.push(dir);
+  fs.copyFileSync(PAGE, path.join(dir, 'compare.html'));
+  fs.writeFileSync(path.join(dir, 'index.js'), indexJs(folder), 'latin1');
+  return path.join(dir, 'compare.html');
+};
+
 // Each case adds or drops its files, then renames a series or picks a baseline, and expects the
 // messages, series, cells and CSV lines it names; "csvFile" is the whole CSV, byte for byte.
 const cases = JSON.parse(fs.readFileSync(new URL('cases.json', import.meta.url), 'utf8'));
@@ -30,7 +54,7 @@ before(async () => {
   assert.doesNotMatch(fs.readFileSync(PAGE, 'latin1'), /<(script|link|img)\b[^>]*\b(src|href)=/i, 'one file, nothing beside it');
   browser = await launchChromium();
 });
-after(() => browser && browser.close());
+after(() => { for (const dir of kept) fs.rmSync(dir, { recursive: true }); return browser && browser.close(); });
 
 test('a browser that cannot run the script says so and what opens the page', async () => {
   const page = await browser.newPage({ javaScriptEnabled: false });
@@ -54,7 +78,9 @@ async function saved(page, selector) {
 const look = () => ({
   messages: [...document.querySelectorAll('#messages li')].map((li) => li.textContent),
   series: [...document.querySelectorAll('#series tbody input')].map((i) => i.value),
+  files: [...document.querySelectorAll('#series tbody tr')].map((r) => r.cells[2].textContent),
   runs: [...document.querySelectorAll('#series tbody tr')].map((r) => r.cells[3].textContent),
+  ran: globalThis.ran,
   tables: Object.fromEntries([...document.querySelectorAll('table.numbers')].map((t) => [t.id.slice(6), {
     head: [...t.tHead.rows[0].cells].map((c) => c.textContent),
     rows: [...t.tBodies[0].rows].map((r) => [...r.cells].map((c) => c.textContent)),
@@ -79,7 +105,12 @@ for (const c of cases) {
     const errors = [];
     page.on('pageerror', (e) => errors.push(e.message));
     page.on('request', (r) => /^(file|blob|data):/.test(r.url()) || errors.push('request ' + r.url()));
-    await page.goto('file://' + PAGE);
+    await page.goto('file://' + (c.folder ? keptFolder(c.folder) : PAGE));
+    if (c.folder) await page.waitForFunction(() => document.body.dataset.drawn === '2');
+    for (const folder of c.index || []) {
+      await drawn(page, () => page.setInputFiles('#add', [{ name: 'index.js', mimeType: 'text/javascript',
+        buffer: Buffer.from(indexJs(folder), 'latin1') }]));
+    }
     if (c.add) await drawn(page, () => page.setInputFiles('#add', c.add.map(file)));
     if (c.drop) {
       await drawn(page, () => page.evaluate((files) => {
@@ -94,10 +125,12 @@ for (const c of cases) {
       await drawn(page, () => page.press(input, 'Enter'));
     }
     if (c.baseline) await drawn(page, () => page.selectOption('#baseline', c.baseline));
+    if (c.remove) await drawn(page, () => page.click(`#series button[aria-label^=${JSON.stringify('Remove ' + c.remove)}]`));
     const seen = await page.evaluate(look);
 
     assert.deepEqual(seen.messages, c.messages);
-    for (const part of ['series', 'runs', 'summary', 'scaling']) if (c[part]) assert.deepEqual(seen[part], c[part], part);
+    assert.equal(seen.ran, undefined, 'nothing from a report runs');
+    for (const part of ['series', 'files', 'runs', 'summary', 'scaling']) if (c[part]) assert.deepEqual(seen[part], c[part], part);
     const low = seen.tables['low-fps'];
     if (c.head) assert.deepEqual(low.head, c.head);
     if (c.column) assert.deepEqual(low.rows.map((r) => r[0]), c.column);

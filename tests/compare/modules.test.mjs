@@ -25,8 +25,8 @@ test('a rate is a plain decimal; anything else is a gap, never a zero', () => {
 
 test('reports as the program writes them, whole and with a run that left no record', () => {
   const { report, messages } = read('full-d3d-high-quality.html');
-  assert.deepEqual([messages, report.resolutions, report.levels.length, report.run],
-    [[], ['640x480', '1024x768'], 7, 'High Quality · Direct3D · full']);
+  assert.deepEqual([messages, report.resolutions, report.levels.length, report.notes],
+    [[], ['640x480', '1024x768'], 7, { test: 'High Quality', renderer: 'Direct3D', game: 'full' }]);
   assert.deepEqual(report.values.get('640x480\nDM-Antalus').map((r) => r.text), ['36.969943', '75.706753', '106.609808']);
   assert.deepEqual(read('crash-mid-suite.html').messages, ['column 7 has no level name and no rates (a run left no record); left out.']);
   assert.equal(parseReport('<HTML>\r\n').report, null);
