@@ -6,7 +6,7 @@
 import { parseReport } from './report.mjs';
 import { settingsOf } from './settings.mjs';
 
-export const INDEX_CALL = 'kelvarniteIndex(';
+const INDEX_CALL = 'kelvarniteIndex(';
 // A report is under 8 KB and escaped at most six times over; 99 repeats of it stay far below.
 export const MAX_INDEX_BYTES = 16 << 20;
 const NOT_AN_INDEX = 'not an index of a kept results folder (no kelvarniteIndex({...}); with a list of runs); not added.';
@@ -26,7 +26,7 @@ export function indexFromText(text) {
 // The index's strings carry bytes, a code unit each, in the ANSI code page of the computer
 // that wrote them; they are read as windows-1252, as a report dropped on the page is.
 const ANSI = new TextDecoder('windows-1252');
-export function ansi(units) {
+function ansi(units) {
   return ANSI.decode(Uint8Array.from(String(units ?? ''), (c) => c.charCodeAt(0)));
 }
 

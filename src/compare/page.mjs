@@ -4,19 +4,22 @@
 
 import { TABLES, MAX_BYTES, parseReport } from './report.mjs';
 import { MAX_INDEX_BYTES, indexFromText, readIndex } from './folder.mjs';
-import { settingsOf, settingsText } from './settings.mjs';
-import { groupsOf, keysOf, statsOf, baselineOf } from './stats.mjs';
+import { settingsOf, settingsText, differences } from './settings.mjs';
+import { keysOf, baselineOf, cellsOf, comparedGroups } from './stats.mjs';
 import { tag } from './markup.mjs';
-import { colour, chartSvg, barTitle } from './charts.mjs';
+import { colour, chartSvg } from './charts.mjs';
 import { tableHtml, csvText } from './tables.mjs';
-import { summaryOf, summaryHtml } from './summary.mjs';
+import { summaryOf, summaryHtml, mismatchHtml } from './summary.mjs';
 import { scalingSvg } from './scaling.mjs';
+import { tipText } from './figures.mjs';
+import { readAddress, addressOf } from './address.mjs';
 
 // ---- State -------------------------------------------------------------------------------
 
 // Each series is one run; a source is the file it came from, a report or a kept folder's
 // index of several runs, which the list shows, renames and removes as one.
-const state = { series: [], baseline: null, nextId: 1, scalingLevel: '' };
+// The margin, the frame-rate targets and whether outliers are left out come from the address.
+const state = { series: [], baseline: null, nextId: 1, scalingLevel: '', ...readAddress(location.hash) };
 let drawn = 0;
 
 function stripExtension(file) {
@@ -36,10 +39,11 @@ function renderCharts(width) {
   if (!view) return;
   width = width || chartWidth();
   view.width = width;
-  view.all.forEach((stats, t) => {
-    $('chart-box-' + TABLES[t].slug).innerHTML = chartSvg(t, view.groups, view.keys, stats, width);
+  TABLES.forEach((table, t) => {
+    $('chart-box-' + table.slug).innerHTML = chartSvg(t, view, width, false, state.targets);
   });
-  $('scaling').innerHTML = scalingSvg(view.groups, view.keys, view.all[1], state.scalingLevel, width);
+  $('scaling').innerHTML = scalingSvg(view.groups, view.keys, view.cells[1].map((row) => row.map((c) => c.st)),
+    state.scalingLevel, width, state.targets);
 }
 
 function render() {
@@ -50,8 +54,9 @@ function render() {
   // The width is read while the layout is still clean: read after the new series and tables
   // go in, it would make the browser lay all of them out at once.
   const width = chartWidth();
-  const groups = groupsOf(state.series);
   const keys = keysOf(state.series);
+  const groups = comparedGroups(state.series, keys, state.leaveOut);
+  history.replaceState(null, '', addressOf(state));
   $('series-box').hidden = !state.series.length;
   const sources = [...new Set(state.series.map((s) => s.source))].map((id) => state.series.filter((s) => s.source === id));
   $('series').tBodies[0].innerHTML = sources.map((runs) => {
@@ -75,11 +80,12 @@ function render() {
     const base = baselineOf(groups, state.baseline);
     state.baseline = base.name;
     $('baseline').innerHTML = groups.map((g) => tag('option', { selected: g === base }, g.name)).join('');
-    const all = TABLES.map((_, t) => keys.map((key) => groups.map((g) => statsOf(g, key, t))));
-    view = { groups, keys, base, all };
+    view = { groups, keys, base, margin: state.margin, cells: cellsOf(groups, keys, base, state.margin) };
+    const summary = summaryOf(view, state.targets);
+    view.headlines = summary.rows;
     const levels = [...new Set(keys.map((k) => k.level))];
     if (!levels.includes(state.scalingLevel)) state.scalingLevel = '';
-    $('results').innerHTML = [summaryHtml(summaryOf(groups, keys, all[1], base), base),
+    $('results').innerHTML = [mismatchHtml(differences(groups, base)), summaryHtml(summary, base),
       tag('section', { class: 'measure', 'aria-labelledby': 'h-scaling' },
         tag('h2', { id: 'h-scaling' }, 'Scaling with resolution'),
         tag('p', { class: 'controls' }, tag('label', { for: 'scaling-level' }, 'Average FPS of'), ' ',
@@ -93,7 +99,7 @@ function render() {
           table.title + ' of each series, by resolution and level. Where a series has no rate the bar is left out. ',
           tag('span', { class: 'no-print' }, ['png', 'svg'].map((kind, n) => [n ? ' ' : '',
             tag('button', { type: 'button', 'data-kind': kind, 'data-t': t }, 'Download ' + kind.toUpperCase())])))),
-        tableHtml(t, groups, keys, all[t], base)))].join('');
+        tableHtml(t, view)))].join('');
     renderCharts(width);
   }
 
@@ -207,7 +213,7 @@ function download(name, blob) {
 }
 
 function downloadChart(t, kind) {
-  const svg = chartSvg(t, view.groups, view.keys, view.all[t], view.width, true, view.base);
+  const svg = chartSvg(t, view, view.width, true, state.targets);
   const name = 'compare-' + TABLES[t].slug;
   const blob = new Blob(['<?xml version="1.0" encoding="UTF-8"?>\n' + svg + '\n'], { type: 'image/svg+xml' });
   if (kind === 'svg') return download(name + '.svg', blob);
@@ -296,8 +302,7 @@ function init() {
     const g = Number(bar.dataset.g);
     const t = Number(bar.closest('.chart').dataset.t);
     const title = document.createElementNS('http://www.w3.org/2000/svg', 'title');
-    const base = view.groups[g] === view.base ? null : view.all[t][k][view.base.index];
-    title.textContent = barTitle(view.groups[g], view.keys[k], view.all[t][k][g], base);
+    title.textContent = tipText(view, view.cells[t][k][g], view.keys[k]);
     bar.appendChild(title);
   });
   $('results').addEventListener('change', (e) => {
@@ -307,6 +312,18 @@ function init() {
   });
   $('baseline').addEventListener('change', (e) => {
     state.baseline = e.target.value;
+    render();
+  });
+  // The choices that the address keeps: the margin, outliers left out or not, and the targets,
+  // each of which takes effect once it is a number above 0.
+  $('margin').value = String(state.margin);
+  $('leave-out').checked = state.leaveOut;
+  state.targets.forEach((v, n) => { $('target-' + n).value = String(v); });
+  $('choices').addEventListener('change', (e) => {
+    state.margin = Number($('margin').value);
+    state.leaveOut = $('leave-out').checked;
+    const targets = state.targets.map((v, n) => Number($('target-' + n).value));
+    if (targets.every((v) => v > 0)) state.targets = targets;
     render();
   });
   $('csv').addEventListener('click', () => {

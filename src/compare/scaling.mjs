@@ -4,7 +4,7 @@
 
 import { tag, fps } from './markup.mjs';
 import { geometricMean } from './inference.mjs';
-import { colour, niceStep } from './charts.mjs';
+import { colour, niceStep, LAYOUT, targetLines } from './charts.mjs';
 
 // For each group, a point per resolution: its mean and the interval's ends, or null where the
 // group has no rate there. A level's point is its figures; the geometric mean's point takes the
@@ -26,14 +26,14 @@ export function scalingPoints(groups, keys, averages, level) {
   }));
 }
 
-export function scalingSvg(groups, keys, averages, level, width) {
+export function scalingSvg(groups, keys, averages, level, width, targets) {
   const points = scalingPoints(groups, keys, averages, level);
   const resolutions = [...new Set(keys.map((k) => k.res))];
-  const left = 56;
-  const top = 40;
-  const plotW = Math.max(160, width - left - 44);  // room for half the last resolution's name
-  const plotH = 260;
-  let max = 0;
+  const L = LAYOUT.scaling;
+  const { left, top } = L;
+  const plotW = Math.max(L.narrowest, width - left - L.right);
+  const plotH = L.height;
+  let max = Math.max(0, ...targets);
   for (const line of points) for (const p of line) if (p) max = Math.max(max, p.high ?? p.mean);
   const step = max > 0 ? niceStep(max) : 1;
   const ceiling = Math.ceil(max / step) * step || 1;
@@ -62,15 +62,15 @@ export function scalingSvg(groups, keys, averages, level, width) {
       tag('title', null, groups[i].name + ', ' + p.res + ': ' + fps(p.mean) + ' FPS' +
         (p.low === null ? '' : ', 95 % interval ' + fps(p.low) + ' to ' + fps(p.high))))));
   });
-  const legend = groups.map((g, i) => tag('g', { transform: 'translate(' + (left + (i % 4) * 160) + ' ' +
-    (top + plotH + 34 + Math.floor(i / 4) * 16) + ')' }, tag('rect', { width: 14, height: 4, y: 4, fill: colour(i) }),
+  const legend = groups.map((g, i) => tag('g', { transform: 'translate(' + (left + (i % L.perRow) * L.column) + ' ' +
+    (top + plotH + 34 + Math.floor(i / L.perRow) * L.row) + ')' }, tag('rect', { width: 14, height: 4, y: 4, fill: colour(i) }),
     tag('text', { x: 19, y: 10 }, g.name.length > 22 ? g.name.slice(0, 21) + '…' : g.name)));
-  const height = top + plotH + 40 + Math.ceil(groups.length / 4) * 16;
+  const height = top + plotH + 40 + Math.ceil(groups.length / L.perRow) * L.row;
   return tag('svg', { xmlns: 'http://www.w3.org/2000/svg', width, height, viewBox: '0 0 ' + width + ' ' + height, role: 'img',
     'aria-labelledby': 'scaling-t scaling-d', 'font-family': 'Arial, Helvetica, sans-serif', 'font-size': 12 },
     tag('title', { id: 'scaling-t' }, 'Average FPS against resolution'), tag('desc', { id: 'scaling-d' }, 'Average FPS of ' +
       what + ' at each resolution, a line for each of ' + groups.length + ' series; repeats show their 95 % interval as a band.'),
     tag('rect', { width: '100%', height: '100%', fill: '#fff' }),
     tag('text', { x: 8, y: 20, 'font-size': 15, 'font-weight': 'bold' }, 'Average FPS against resolution: ' + what),
-    parts, legend);
+    parts, targetLines(targets, y, left, left + plotW, true), legend);
 }

@@ -1,30 +1,32 @@
-// The tables of numbers under the charts, and the same numbers as CSV.
+// The tables of numbers under the charts, and the same numbers as CSV, both made from the
+// descriptions of the figures.
 
 import { TABLES } from './report.mjs';
-import { tag, fps, percent } from './markup.mjs';
-import { difference } from './stats.mjs';
-import { unsteady, verdict } from './inference.mjs';
+import { tag } from './markup.mjs';
+import { figuresOf } from './figures.mjs';
 
-export function tableHtml(t, groups, keys, stats, base) {
+// A cell's lines, each the texts its figures give there.
+function cellLines(figures, c) {
+  const lines = [];
+  for (const f of figures) {
+    const text = f.cell(c);
+    if (text !== null) lines[f.line] = (lines[f.line] || '') + text;
+  }
+  return lines.filter(Boolean);
+}
+
+export function tableHtml(t, view) {
+  const { groups, keys, base, cells } = view;
+  const figures = figuresOf(view);
   const head = groups.map((g) => tag('th', { scope: 'col' }, g.name,
     g === base && [' ', tag('span', { class: 'base' }, '(baseline)')]));
-  const rows = keys.map((key, k) => {
-    const b = stats[k][base.index];
-    return tag('tr', null, tag('th', { scope: 'row' }, key.res), tag('th', { scope: 'row' }, key.level),
-      groups.map((g, i) => {
-        const st = stats[k][i];
-        if (!st) return tag('td', { class: 'gap' }, 'no rate');
-        const d = g === base ? null : difference(st, b);
-        // Plain text in lines: a table of 50 series has thousands of these cells, and each
-        // element in them costs parse and layout time.
-        const lines = [fps(st.mean) + (st.half === null ? '' : ' ±' + fps(st.half))];
-        if (d !== null) lines.push(percent(d) + ' (' + verdict(st, b) + ')');
-        if (g.members.length > 1) {
-          lines.push('sd ' + (st.sd === null ? '–' : fps(st.sd)) + ', n ' + st.n + (unsteady(st) ? ', unsteady' : ''));
-        }
-        return tag('td', { class: unsteady(st) && 'unsteady' }, lines.map((line, n) => (n ? [' ', tag('br'), line] : line)));
-      }));
-  });
+  const rows = keys.map((key, k) => tag('tr', null, tag('th', { scope: 'row' }, key.res), tag('th', { scope: 'row' }, key.level),
+    cells[t][k].map((c) => {
+      if (!c.st) return tag('td', { class: 'gap' }, 'no rate');
+      // Plain text in lines: a table of 50 series has thousands of these cells, and each
+      // element in them costs parse and layout time.
+      return tag('td', null, cellLines(figures, c).map((line, n) => (n ? [' ', tag('br'), line] : line)));
+    })));
   return tag('div', { class: 'scroll', tabindex: 0, role: 'region', 'aria-label': TABLES[t].title + ' table' },
     // Columns of fixed width: the browser then lays out a table of 50 series without
     // measuring each of its thousands of cells first.
@@ -32,8 +34,9 @@ export function tableHtml(t, groups, keys, stats, base) {
       tag('colgroup', null, tag('col', { class: 'res' }), tag('col', { class: 'level' }),
         tag('col', { span: groups.length, class: 'val' })),
       tag('caption', null, TABLES[t].title + ': mean frames per second, for repeats ± the half width of its 95 % interval; ' +
-        'the difference in per cent against ' + base.name + ' and whether it is real (Welch\'s t-test at 5 %); for repeats ' +
-        'the standard deviation and the count, and "unsteady" where they vary by more than 3 %: run that series again'),
+        'the difference in per cent against ' + base.name + ' with its 95 % interval and the verdict within ±' + view.margin +
+        ' %; for repeats the standard deviation and the count, and "unsteady" where they vary by more than 3 %: run that ' +
+        'series again'),
       tag('thead', null, tag('tr', null, tag('th', { scope: 'col' }, 'Resolution'), tag('th', { scope: 'col' }, 'Level'), head)),
       tag('tbody', null, rows)));
 }
@@ -42,27 +45,15 @@ export function csvField(text) {
   return /[",\r\n]/.test(text) ? '"' + text.replace(/"/g, '""') + '"' : text;
 }
 
-// One line per table, pair and group, so that a spreadsheet can filter and pivot it; the
-// byte-order mark makes spreadsheet programs on Windows read the names as UTF-8.
+// One line per table, pair and group, so that a spreadsheet can filter and pivot it, then one
+// per group for the summary's headline; the byte-order mark makes spreadsheet programs on
+// Windows read the names as UTF-8.
 export function csvText(view) {
-  const { groups, keys, base, all } = view;
-  const lines = [['Table', 'Resolution', 'Level', 'Series', 'Mean', 'Min', 'Max', 'Spread', 'Count',
-    'Difference % against ' + base.name, 'SD', '95 % interval low', '95 % interval high', 'Verdict',
-    'Unsteady'].map(csvField).join(',')];
-  all.forEach((stats, t) => {
-    keys.forEach((key, k) => {
-      groups.forEach((g, i) => {
-        const st = stats[k][i];
-        const b = stats[k][base.index];
-        const d = g === base ? null : difference(st, b);
-        const repeats = st && st.half !== null;
-        lines.push([TABLES[t].title, key.res, key.level, g.name].map(csvField).concat(st
-          ? [st.mean.toFixed(6), st.min.toFixed(6), st.max.toFixed(6), (st.max - st.min).toFixed(6), String(st.n)]
-          : ['', '', '', '', '0'], [d === null ? '' : d.toFixed(2)],
-        repeats ? [st.sd.toFixed(6), (st.mean - st.half).toFixed(6), (st.mean + st.half).toFixed(6)] : ['', '', ''],
-        [d === null ? '' : verdict(st, b), st && unsteady(st) ? 'unsteady' : '']).join(','));
-      });
-    });
-  });
+  const figures = figuresOf(view);
+  const line = (first, c) => first.concat(...figures.map((f) => f.csv(c))).map(csvField).join(',');
+  const lines = [['Table', 'Resolution', 'Level', 'Series'].concat(...figures.map((f) => f.heads)).map(csvField).join(',')];
+  view.cells.forEach((table, t) => view.keys.forEach((key, k) => table[k].forEach((c) =>
+    lines.push(line([TABLES[t].title, key.res, key.level, c.g.name], c)))));
+  for (const c of view.headlines) lines.push(line(['Summary', 'all', 'geometric mean of the levels', c.g.name], c));
   return '\ufeff' + lines.join('\r\n') + '\r\n';
 }

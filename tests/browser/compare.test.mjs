@@ -81,6 +81,9 @@ const look = () => ({
   files: [...document.querySelectorAll('#series tbody tr')].map((r) => r.cells[2].textContent),
   runs: [...document.querySelectorAll('#series tbody tr')].map((r) => r.cells[3].textContent),
   ran: globalThis.ran,
+  address: location.hash,
+  differ: [...document.querySelectorAll('.mismatch li')].map((li) => li.textContent),
+  targets: [...document.querySelectorAll('#results svg')].map((svg) => svg.querySelectorAll('line.target').length),
   tables: Object.fromEntries([...document.querySelectorAll('table.numbers')].map((t) => [t.id.slice(6), {
     head: [...t.tHead.rows[0].cells].map((c) => c.textContent),
     rows: [...t.tBodies[0].rows].map((r) => [...r.cells].map((c) => c.textContent)),
@@ -98,14 +101,14 @@ const look = () => ({
 
 for (const c of cases) {
   test(c.name, async () => {
-    const page = await browser.newPage({ acceptDownloads: true });
+    const page = await browser.newPage({ acceptDownloads: true, ...(c.screenshot && { viewport: { width: 1200, height: 800 } }) });
     // In the mutation run the page carries every mutant, and this names the one switched on.
     const mutant = process.env.__STRYKER_ACTIVE_MUTANT__;
     if (mutant) await page.addInitScript((m) => { globalThis.__stryker__ = { activeMutant: m }; }, mutant);
     const errors = [];
     page.on('pageerror', (e) => errors.push(e.message));
     page.on('request', (r) => /^(file|blob|data):/.test(r.url()) || errors.push('request ' + r.url()));
-    await page.goto('file://' + (c.folder ? keptFolder(c.folder) : PAGE));
+    await page.goto('file://' + (c.folder ? keptFolder(c.folder) : PAGE) + (c.hash || ''));
     if (c.folder) await page.waitForFunction(() => document.body.dataset.drawn === '2');
     for (const folder of c.index || []) {
       await drawn(page, () => page.setInputFiles('#add', [{ name: 'index.js', mimeType: 'text/javascript',
@@ -125,12 +128,17 @@ for (const c of cases) {
       await drawn(page, () => page.press(input, 'Enter'));
     }
     if (c.baseline) await drawn(page, () => page.selectOption('#baseline', c.baseline));
+    if (c.margin) await drawn(page, () => page.selectOption('#margin', c.margin));
+    if (c.target) await drawn(page, () => page.fill('#target-' + c.target[0], c.target[1]).then(() => page.locator('#target-' + c.target[0]).blur()));
     if (c.remove) await drawn(page, () => page.click(`#series button[aria-label^=${JSON.stringify('Remove ' + c.remove)}]`));
     const seen = await page.evaluate(look);
+    // The picture of the summary in the guides, taken anew with KELVARNITE_COMPARE_SCREENSHOT=<png>.
+    const picture = c.screenshot && process.env.KELVARNITE_COMPARE_SCREENSHOT;
+    if (picture) await page.screenshot({ path: picture, fullPage: true, clip: { x: 0, y: 0, width: 1200, height: (await page.locator('#h-scaling').boundingBox()).y } });
 
     assert.deepEqual(seen.messages, c.messages);
     assert.equal(seen.ran, undefined, 'nothing from a report runs');
-    for (const part of ['series', 'files', 'runs', 'summary', 'scaling']) if (c[part]) assert.deepEqual(seen[part], c[part], part);
+    for (const part of ['series', 'files', 'runs', 'summary', 'scaling', 'address', 'differ', 'targets']) if (c[part]) assert.deepEqual(seen[part], c[part], part);
     const low = seen.tables['low-fps'];
     if (c.head) assert.deepEqual(low.head, c.head);
     if (c.column) assert.deepEqual(low.rows.map((r) => r[0]), c.column);

@@ -6,11 +6,16 @@ import { test } from 'node:test';
 import assert from 'node:assert/strict';
 import fs from 'node:fs';
 
-import { describe, geometricMean, studentCdf, studentQuantile, unsteady, verdict, welch } from '../../src/compare/inference.mjs';
+import { describe, geometricMean, studentCdf, studentQuantile, unsteady } from '../../src/compare/inference.mjs';
 import { tag } from '../../src/compare/markup.mjs';
 import { parseReport, readRate } from '../../src/compare/report.mjs';
-import { difference, groupsOf, keysOf, statsOf } from '../../src/compare/stats.mjs';
+import { cellsOf, groupsOf, keysOf, statsOf } from '../../src/compare/stats.mjs';
 import { summaryOf } from '../../src/compare/summary.mjs';
+import { contrast, repeatsNeeded } from '../../src/compare/contrast.mjs';
+import { outliers, coldStart, drift } from '../../src/compare/flags.mjs';
+import { readAddress, addressOf } from '../../src/compare/address.mjs';
+
+const cases = JSON.parse(fs.readFileSync(new URL('cases.json', import.meta.url), 'utf8'));
 
 const golden = (name) => fs.readFileSync(new URL('../e2e/golden/' + name, import.meta.url), 'latin1');
 const read = (name) => parseReport(golden(name));
@@ -44,9 +49,9 @@ test('the summary ranks the fastest first, the baseline by a difference of 0, an
   const series = [made('base', 100), made('apart', 200, '800x600'), made('slower', 90), made('faster', 110)];
   const groups = groupsOf(series);
   const keys = keysOf(series);
-  const { rows } = summaryOf(groups, keys, keys.map((key) => groups.map((g) => statsOf(g, key, 1))), groups[0]);
-  assert.deepEqual(rows.map((r) => [r.g.name, r.difference?.toFixed(9)]), [['faster', '10.000000000'], ['base', undefined],
-    ['slower', '-10.000000000'], ['apart', undefined]]);
+  const view = { groups, keys, base: groups[0], margin: 2, cells: cellsOf(groups, keys, groups[0], 2) };
+  assert.deepEqual(summaryOf(view, []).rows.map((r) => [r.g.name, r.vs?.difference.toFixed(9)]), [['faster', '10.000000000'],
+    ['base', undefined], ['slower', '-10.000000000'], ['apart', undefined]]);
 });
 
 test('repeats are one group: mean, lowest, highest and count; a gap counts for nothing', () => {
@@ -58,8 +63,6 @@ test('repeats are one group: mean, lowest, highest and count; a gap counts for n
   assert.deepEqual(groups.map((g) => [g.name, g.members.length]), [['a', 3], ['b', 1]]);
   const { n, mean, min, max, sd } = statsOf(groups[0], key, 0);
   assert.deepEqual([n, mean, min, max, sd.toFixed(6), statsOf(groups[0], key, 1)], [2, 33, 30, 36, Math.sqrt(18).toFixed(6), null]);
-  assert.equal(difference(statsOf(groups[1], key, 0), statsOf(groups[0], key, 0)).toFixed(4), '21.2121');
-  assert.equal(difference({ mean: 5 }, { mean: 0 }), null);
   // Pairs: resolutions by size, then those of no size as they came; no pair that no series has.
   const only = (res, level) => ({ report: { resolutions: [res], levels: [level], values: new Map([[res + '\n' + level, []]]) } });
   assert.deepEqual(keysOf([only('640x480x', 'D'), only('x640x480', 'C'), only('800x600', 'B'), only('640x480', 'A')])
@@ -92,23 +95,57 @@ test('the 95 % quantile of t for 2 to 30 repeats', () => {
   assert.equal(studentQuantile(0.975, 2).toFixed(4), '4.3027');  // (2p − 1) · sqrt(2 / (4p(1 − p)))
 });
 
-test('Welch: the degrees of freedom and the verdicts; a single run gets none', () => {
-  const a = describe([100, 102, 101]);
-  const b = describe([98, 99, 97.5]);
-  assert.deepEqual([a.mean, a.sd, b.sd.toFixed(6)], [101, 1, '0.763763']);
-  // (1/3 + 0.58333/3)² / ((1/3)²/2 + (0.58333/3)²/2) = 0.278549 / 0.074460
-  assert.equal(welch(a, b).df.toFixed(4), '3.7409');
-  // (4/3 + 0.58333/3)² / ((4/3)²/2 + (0.58333/3)²/2) = 2.334105 / 0.907793
-  assert.equal(welch(describe([100, 102, 104]), b).df.toFixed(4), '2.5712');
-  assert.equal(a.half.toFixed(4), (4.302653 / Math.sqrt(3)).toFixed(4));
-  // The last has no spread at all: the difference is certain.
-  assert.deepEqual([verdict(a, b), verdict(b, a), verdict(a, describe([100.5, 101.5, 101])),
-    verdict(describe([90, 90]), describe([100, 100]))], ['faster', 'slower', 'within noise', 'slower']);
-  assert.deepEqual([verdict(describe([120]), b), verdict(a, describe([120])), describe([120]).sd], ['repeats needed', 'repeats needed', null]);
-  // With no spread on either side, the difference is certain, or there is none.
-  assert.deepEqual([welch(describe([100, 100]), describe([90, 90])), welch(describe([90, 90]), describe([90, 90]))],
-    [{ t: Infinity, df: 2, p: 0 }, { t: 0, df: 2, p: 1 }]);
+test('the ratio of geometric means and its interval on the log scale, by hand, with Welch\'s degrees of freedom', () => {
+  // b = 0.95 a: log sd 0.0196107 on both sides, df 4, se = 0.0196107 sqrt(2/3) = 0.0160120, d = −ln 0.95 = 0.0512933,
+  // and exp(d ± 2.776445 se) − 1 = +0.6860 % to +10.0484 %.
+  const same = contrast([100, 102, 104], [95, 96.9, 98.8], 2);
+  assert.deepEqual([same.difference, same.low, same.high].map((v) => v.toFixed(4)), ['5.2632', '0.6860', '10.0484']);
+  // Log sds 0.0196107 and 0.0077710: se = sqrt(1.28193e-4 + 2.01295e-5) = 0.0121788, df = 2.612986, d = 0.0381981.
+  const q = studentQuantile(0.975, 2.612986);
+  const welch = contrast([100, 102, 104], [98, 99, 97.5], 2);
+  assert.deepEqual([welch.difference, welch.low, welch.high].map((v) => v.toFixed(3)),
+    [3.893699, (Math.exp(0.0381981 - q * 0.0121788) - 1) * 100, (Math.exp(0.0381981 + q * 0.0121788) - 1) * 100].map((v) => v.toFixed(3)));
+  // One run a side has no interval and no verdict; repeats with no spread differ for certain, or not at all.
+  const { difference, ...single } = contrast([120], [100, 100], 2);
+  assert.deepEqual([difference.toFixed(9), single, contrast([90, 90], [100, 100], 2).verdict, contrast([90, 90], [90, 90], 2).verdict],
+    ['20.000000000', { low: null, high: null, verdict: 'repeats needed', more: null }, 'slower', 'same']);
   assert.deepEqual([0.03, 0.0301, null].map((rsd) => unsteady({ rsd })), [false, true, false]);
+});
+
+test('the verdict on both sides of the margin, and the repeats that would settle it', () => {
+  const around = (m) => [-0.01, 0, 0.01].map((x) => m * Math.exp(x));
+  for (const [r, margin, want] of cases.verdicts.rows) assert.equal(contrast(around(100 * r), around(100), margin).verdict, want, `r = ${r}`);
+  for (const [d, sd, margin, n] of cases.repeatsNeeded.rows) assert.equal(repeatsNeeded(d, sd, margin), n ?? Infinity, `d = ${d}`);
+  assert.equal(contrast([151, 155, 149], [150, 152, 151], 2).more, 4);
+});
+
+test('the 95 % interval covers the true ratio 94 to 96 % of the time: 10,000 simulated pairs of 3 and 5 repeats', () => {
+  // A fixed seed (mulberry32) and Box-Muller: normal repeats of 2 % spread, true ratio 0.95.
+  let seed = 20261125;
+  const uniform = () => {
+    seed = (seed + 0x6d2b79f5) | 0;
+    let t = Math.imul(seed ^ (seed >>> 15), 1 | seed);
+    t = (t + Math.imul(t ^ (t >>> 7), 61 | t)) ^ t;
+    return ((t ^ (t >>> 14)) >>> 0) / 4294967296;
+  };
+  const normal = (mean, n) => Array.from({ length: n }, () => mean * (1 + 0.02 * Math.sqrt(-2 * Math.log(1 - uniform())) *
+    Math.cos(2 * Math.PI * uniform())));
+  let covered = 0;
+  for (let i = 0; i < 10000; i++) {
+    const { low, high } = contrast(normal(95, 3), normal(100, 5), 2);
+    if (low <= -5 && -5 <= high) covered++;
+  }
+  assert.ok(covered >= 9400 && covered <= 9600, `covered ${covered} of 10000`);
+});
+
+test('the outlier, cold-start and drift flags just inside and just outside their thresholds', () => {
+  for (const { values, times, ...want } of cases.flags.rows) {
+    assert.deepEqual({ outliers: outliers(values), cold: coldStart(values), drift: drift(values, times) }, want, values.join(' '));
+  }
+});
+
+test('the margin, the targets and outliers left out, read from the address and written to it', () => {
+  for (const [hash, want, again] of cases.addresses) assert.deepEqual([readAddress(hash), addressOf(readAddress(hash))], [want, again], hash);
 });
 
 test('the geometric mean leaves a blank cell out and is no zero', () => {
