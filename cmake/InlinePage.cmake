@@ -31,9 +31,11 @@ foreach(module IN LISTS modules)
   if(left)
     message(FATAL_ERROR "InlinePage: ${module} has an import or export that is not one line")
   endif()
-  # Joined, the modules share one scope: a name declared at the top of two of them would stop
-  # the whole script with a SyntaxError in the browser.
+  # Joined, the modules share one scope: a constant or class declared at the top of two of them
+  # would stop the whole script with a SyntaxError in the browser, and a function would silently
+  # take the other's place. The mutation run's helpers (stry...) are the same in every module.
   string(REGEX MATCHALL "(^|\n)(async )?(function|const|let|class) [A-Za-z_$][A-Za-z0-9_$]*" names "${text}")
+  list(FILTER names EXCLUDE REGEX " stry[A-Za-z0-9_]*$")
   foreach(name IN LISTS names)
     string(REGEX REPLACE ".* " "" name "${name}")
     list(FIND declared "${name}" before)
