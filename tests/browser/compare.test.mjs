@@ -82,6 +82,7 @@ const look = () => ({
   runs: [...document.querySelectorAll('#series tbody tr')].map((r) => r.cells[3].textContent),
   ran: globalThis.ran,
   address: location.hash,
+  note: document.querySelector('.summary .note')?.textContent,
   differ: [...document.querySelectorAll('.mismatch li')].map((li) => li.textContent),
   targets: [...document.querySelectorAll('#results svg')].map((svg) => svg.querySelectorAll('line.target').length),
   tables: Object.fromEntries([...document.querySelectorAll('table.numbers')].map((t) => [t.id.slice(6), {
@@ -138,7 +139,7 @@ for (const c of cases) {
 
     assert.deepEqual(seen.messages, c.messages);
     assert.equal(seen.ran, undefined, 'nothing from a report runs');
-    for (const part of ['series', 'files', 'runs', 'summary', 'scaling', 'address', 'differ', 'targets']) if (c[part]) assert.deepEqual(seen[part], c[part], part);
+    for (const part of ['series', 'files', 'runs', 'summary', 'scaling', 'address', 'note', 'differ', 'targets']) if (c[part]) assert.deepEqual(seen[part], c[part], part);
     const low = seen.tables['low-fps'];
     if (c.head) assert.deepEqual(low.head, c.head);
     if (c.column) assert.deepEqual(low.rows.map((r) => r[0]), c.column);
