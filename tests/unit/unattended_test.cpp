@@ -9,6 +9,8 @@ namespace {
 using namespace testing_support;
 using repeat_rule::Verdict;
 
+class Unattended : public HeadlessTest {};
+
 // The order's fields that differ from their defaults, as command-lines.txt writes them.
 std::string Describe(const arguments::Order& o) {
   std::string text, res;
@@ -56,7 +58,7 @@ TEST_P(CommandLine, GivesItsOrderOrItsFault) {
 INSTANTIATE_TEST_SUITE_P(Unattended, CommandLine, testing::ValuesIn(CommandLines()), ByName);
 
 // The program's own name is no argument, quoted (ending at its quote) or not.
-TEST(Unattended, ProgramNameIsNoArgument) {
+TEST_F(Unattended, ProgramNameIsNoArgument) {
   EXPECT_EQ(arguments::SplitCommandLine("C:\\Bench\\b.exe\t/quit "), std::vector<std::string>{"/quit"});
   EXPECT_EQ(arguments::SplitCommandLine("\"C:\\My Bench\\b.exe\"/run \"\""), (std::vector<std::string>{"/run", ""}));
 }
@@ -78,7 +80,7 @@ INSTANTIATE_TEST_SUITE_P(Unattended, StopRule, testing::ValuesIn(std::vector<Sto
 
 // A repeat's score is the geometric mean of the rates the report holds; a rate that is not one
 // is 0, and so is the score then.
-TEST(Unattended, ScoresAreGeometricMeansOfRates) {
+TEST_F(Unattended, ScoresAreGeometricMeansOfRates) {
   EXPECT_DOUBLE_EQ(repeat_rule::GeometricMean({repeat_rule::Rate("  2.5000"), repeat_rule::Rate("10     ")}), 5);
   for (const char* none : {"", "inf", "1.2.3", "-4", "0000000000"}) EXPECT_EQ(repeat_rule::Rate(none), 0) << none;
   EXPECT_EQ(repeat_rule::GeometricMean({4, 0}), 0);
@@ -88,7 +90,7 @@ TEST(Unattended, ScoresAreGeometricMeansOfRates) {
 // after each (names and a log's markup escaped, the machine from the NT keys), the failed
 // start told while the title says which run, the batch stopped there, compare.html opened once,
 // and the failure's exit code when the window is closed later.
-TEST_F(HeadlessTest, BatchKeepsEachFinishedReportInTheIndex) {
+TEST_F(Unattended, BatchKeepsEachFinishedReportInTheIndex) {
   InstallFull();
   headless::SetString(kHklm, kFullKey, "Version", "2225");
   headless::SetString(kHklm, "HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0", "Identifier", "  x86 Family 6 ");
