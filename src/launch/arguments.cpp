@@ -106,11 +106,11 @@ std::optional<Fault> Parse(const std::vector<std::string>& words, Order& order) 
     if (box < 0) return Fault{named(kRes), "\"" + list.substr(0, comma) + "\" " + OneOf(catalogue::kResolutions)};
     order.resolutions |= 1 << box;
   }
-  int index = 0;
-  if (auto fault = choice(kApi, kApis, index)) return fault;
-  order.openGl = index == 1;
-  if (auto fault = choice(kGame, kGames, index)) return fault;
-  if (given[kGame]) order.game = kGames[index];
+  int api = 0, game = -1, sound = 0;
+  if (auto fault = choice(kApi, kApis, api)) return fault;
+  order.openGl = api == 1;
+  if (auto fault = choice(kGame, kGames, game)) return fault;
+  if (game >= 0) order.game = kGames[game];
 
   const bool custom = order.test == 3;
   for (int s : {kLevel, kSound, kDetail}) {
@@ -122,9 +122,8 @@ std::optional<Fault> Parse(const std::vector<std::string>& words, Order& order) 
     }
     if (order.level.empty()) return Fault{named(kLevel), "is not a level of the list"};
   }
-  index = 0;
-  if (auto fault = choice(kSound, kSounds, index)) return fault;
-  order.sound = index == 1;
+  if (auto fault = choice(kSound, kSounds, sound)) return fault;
+  order.sound = sound == 1;
   if (given[kDetail]) {
     const int preset = IndexOf(*given[kDetail], kDetails);
     order.detail = preset >= 0 ? kDetails[preset] : *given[kDetail];

@@ -1,6 +1,7 @@
 #include "windows/unattended.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -139,11 +140,51 @@ std::unique_ptr<kept::Folder> KeptFolder(const Order& order) {
   } else {
     return nullptr;
   }
-  while (path.size() > 1 && path.back() == '\\') path.pop_back();
+  while (path.size() > 3 && path.back() == '\\') path.pop_back();  // a drive's root keeps its own
   const std::string name = order.name ? *order.name : path.substr(path.find_last_of('\\') + 1);
   const std::string planned =
       order.repeats == arguments::kAutoRepeats ? kept::Quoted("auto") : std::to_string(std::max(order.repeats, 1));
   return std::make_unique<kept::Folder>(path, name, planned);
+}
+
+// The repeats, each through the test's own button, until the order is done or a run fails:
+// the exit code, and why the batch stopped.
+int RunRepeats(const Order& order, Form1& main, kept::Folder* folder, const std::function<void()>& saveBoxes,
+               std::string& stopped) {
+  const bool automatic = order.repeats == arguments::kAutoRepeats;
+  const int planned = automatic ? repeat_rule::kMaxRepeats : std::max(order.repeats, 1);
+  std::vector<double> scores;
+  for (int repeat = 1;; ++repeat) {
+    const std::string number = std::to_string(repeat);
+    main.SetCaption(platform::ApplicationTitle() + " - run " + number + " of " + (automatic ? "up to " : "") +
+                    std::to_string(planned));
+    platform::PaintWindows();
+    const std::string started = platform::LocalTime();
+    const int written = AppState.ReportsWritten;
+    const bool pressed = Press(order.test);
+    const double score = Score();
+    if (!pressed || AppState.ReportsWritten == written) {
+      stopped = "repeat " + number + " was refused";
+      return arguments::kRunFailed;
+    }
+    if (score <= 0) {
+      stopped = "a game start failed in repeat " + number;
+      return arguments::kRunFailed;
+    }
+    std::string file, reason;
+    if (folder && !folder->Keep(Describe(order, repeat, started), &file, &reason)) {
+      TellUnwritten(file, reason);
+      stopped = "the folder could not be written in repeat " + number;
+      return arguments::kFolderUnwritable;
+    }
+    saveBoxes();
+    scores.push_back(score);
+    const repeat_rule::Verdict verdict = repeat_rule::AfterRepeat(scores);
+    if (!automatic && repeat == planned) stopped = number + " of " + number + " repeats done";
+    if (automatic && verdict == repeat_rule::Verdict::Within) stopped = "the interval is within 1 % after " + number + " repeats";
+    if (automatic && verdict == repeat_rule::Verdict::StillWider) stopped = number + " repeats, the interval still wider than 1 %";
+    if (!stopped.empty()) return arguments::kAllRunsDone;
+  }
 }
 
 }  // namespace
@@ -162,6 +203,7 @@ void Run(const std::vector<std::string>& words) {
   if (const std::optional<Fault> fault = CheckInstalled(order)) Refuse(order, *fault);
   ShowChoices(order);
 
+  // The folder is made and written before any run, so that a batch never fails late for it.
   const std::unique_ptr<kept::Folder> folder = KeptFolder(order);
   std::string file, reason;
   if (folder && !folder->Open(AppState.AppPath + "compare.html", &file, &reason)) {
@@ -176,45 +218,8 @@ void Run(const std::vector<std::string>& words) {
   forms::Show(main);
   if (order.test == 3) ShowCustomChoices(order);
 
-  const bool automatic = order.repeats == arguments::kAutoRepeats;
-  const int planned = automatic ? repeat_rule::kMaxRepeats : std::max(order.repeats, 1);
-  std::vector<double> scores;
   std::string stopped;
-  int code = arguments::kAllRunsDone;
-  for (int repeat = 1; stopped.empty(); ++repeat) {
-    const std::string number = std::to_string(repeat);
-    main.SetCaption(platform::ApplicationTitle() + " - run " + number + " of " + (automatic ? "up to " : "") +
-                    std::to_string(planned));
-    platform::PaintWindows();
-    const std::string started = platform::LocalTime();
-    const int written = AppState.ReportsWritten;
-    const bool pressed = Press(order.test);
-    const double score = Score();
-    if (!pressed || AppState.ReportsWritten == written) {
-      stopped = "repeat " + number + " was refused";
-    } else if (score <= 0) {
-      stopped = "a game start failed in repeat " + number;
-    }
-    if (!stopped.empty()) {
-      code = arguments::kRunFailed;
-      break;
-    }
-    if (folder && !folder->Keep(Describe(order, repeat, started), &file, &reason)) {
-      TellUnwritten(file, reason);
-      code = arguments::kFolderUnwritable;
-      stopped = "the folder could not be written in repeat " + number;
-      break;
-    }
-    saveBoxes();
-    scores.push_back(score);
-    if (!automatic) {
-      if (repeat == planned) stopped = number + " of " + number + " repeats done";
-      continue;
-    }
-    const repeat_rule::Verdict verdict = repeat_rule::AfterRepeat(scores);
-    if (verdict == repeat_rule::Verdict::Within) stopped = "the interval is within 1 % after " + number + " repeats";
-    if (verdict == repeat_rule::Verdict::StillWider) stopped = number + " repeats, the interval still wider than 1 %";
-  }
+  int code = RunRepeats(order, main, folder.get(), saveBoxes, stopped);
   if (folder && !folder->Close(stopped, &file, &reason) && code == arguments::kAllRunsDone) {
     TellUnwritten(file, reason);
     code = arguments::kFolderUnwritable;
