@@ -31,7 +31,7 @@ constexpr double kStartUpRatio = 1.2;     // start-up against the minimal window
 constexpr double kOwnStartUpRatio = 1.1;  // start-up against the same window made by hand
 constexpr double kLogBytesPerSecond = 100e6;
 constexpr double kPerRecordRatio = 1.5;   // 32767 records against 10^3: the cost stays linear
-constexpr double kExeBytes = 512 * 1024;
+constexpr double kExeBytes = 400 * 1024;  // 409,600 bytes
 constexpr double kWorkingSetAboveMinimal = 8;  // MB
 constexpr int kSuiteStarts = 35;               // seven levels at five resolutions
 

@@ -88,11 +88,14 @@ make_prefix() {
   done
 
   local game_keys
+  # The version of each, as the game's setup writes it, for the index of kept reports.
   game_keys="[HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003]
 \"Folder\"=\"$(reg_text "$FULL_FOLDER")\"
+\"Version\"=\"2225\"
 
 [HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003Demo]
 \"Folder\"=\"$(reg_text "$DEMO_FOLDER")\"
+\"Version\"=\"2206\"
 
 " shared_keys=''
   if [[ -n $driver ]]; then

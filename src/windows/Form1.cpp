@@ -1,5 +1,6 @@
 #include "windows/Form1.h"
 
+#include "benchmark/catalogue.h"
 #include "benchmark/mdlBenchmark.h"
 #include "platform/platform.h"
 #include "windows/Form2.h"
@@ -18,15 +19,15 @@ const forms::ControlArgs kControls[] = {
     // The logo has a tool tip that invites a click, but no click of its own.
     {.name = "Picture1", .type = T::PictureBox, .at = {120, 0, 5175, 1285}, .picture = "LOGO"},
     {.name = "Frame1", .type = T::Frame, .caption = "Resolution", .at = {3480, 1440, 1815, 2295}},
-    {.name = "Check1", .type = T::CheckBox, .caption = "640x480", .at = {240, 360, 1215, 255},
+    {.name = "Check1", .type = T::CheckBox, .caption = catalogue::kResolutions[0], .at = {240, 360, 1215, 255},
      .container = "Frame1", .index = 0},
-    {.name = "Check1", .type = T::CheckBox, .caption = "800x600", .at = {240, 720, 1215, 255},
+    {.name = "Check1", .type = T::CheckBox, .caption = catalogue::kResolutions[1], .at = {240, 720, 1215, 255},
      .container = "Frame1", .index = 1},
-    {.name = "Check1", .type = T::CheckBox, .caption = "1024x768", .at = {240, 1080, 1215, 255},
+    {.name = "Check1", .type = T::CheckBox, .caption = catalogue::kResolutions[2], .at = {240, 1080, 1215, 255},
      .container = "Frame1", .index = 2},
-    {.name = "Check1", .type = T::CheckBox, .caption = "1280x1024", .at = {240, 1440, 1215, 255},
+    {.name = "Check1", .type = T::CheckBox, .caption = catalogue::kResolutions[3], .at = {240, 1440, 1215, 255},
      .container = "Frame1", .index = 3},
-    {.name = "Check1", .type = T::CheckBox, .caption = "1600x1200", .at = {240, 1800, 1215, 255},
+    {.name = "Check1", .type = T::CheckBox, .caption = catalogue::kResolutions[4], .at = {240, 1800, 1215, 255},
      .container = "Frame1", .index = 4},
     {.name = "Command1", .type = T::CommandButton, .caption = "CPU Benchmark",
      .at = {120, 2640, 1455, 495}},
@@ -96,7 +97,7 @@ void Form1::Form_Load() {
 
 void Form1::Form_Unload() {
   if (forms::Window* custom = forms::FindOpen(Form2::kName)) forms::Unload(*custom);
-  platform::EndProcess();
+  platform::EndProcess(mdlBenchmark::AppState.ExitCode);
 }
 
 void Form1::Command1_Click() { mdlBenchmark::RunTestFrame(mdlBenchmark::RunCpuBenchmark); }
@@ -114,7 +115,7 @@ void Form1::Command4_Click() {
   forms::ShowWindow<Form2>();
 }
 
-void Form1::mnuExit_Click() { platform::EndProcess(); }
+void Form1::mnuExit_Click() { platform::EndProcess(mdlBenchmark::AppState.ExitCode); }
 
 void Form1::mnuHelp2_Click() {
   mdlBenchmark::OpenDocument(mdlBenchmark::AppState.AppPath + "help.html");

@@ -135,5 +135,9 @@ W& ShowWindow() {
 // A modal message box. Without a title of its own it carries the application's title.
 int MsgBox(const std::string& prompt, int buttons = platform::kMbOk,
            const std::optional<std::string>& title = std::nullopt);
+// While a log is given (null: none), no box waits for a person: each is appended to the log,
+// with the time, its title and its text, and answered with OK, which every box of the program
+// offers.
+void LogBoxes(std::string* log);
 
 }  // namespace forms

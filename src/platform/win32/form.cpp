@@ -236,4 +236,9 @@ int RunEventLoop() {
   return static_cast<int>(message.wParam);
 }
 
+void PaintWindows() {
+  MSG message;
+  while (::PeekMessageA(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) ::DispatchMessageA(&message);
+}
+
 }  // namespace platform
