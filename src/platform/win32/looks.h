@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <iterator>
 #include <string_view>
-#include <vector>
 
 #include "platform/forms/args.h"
 #include "platform/win32/win32.h"
@@ -54,41 +53,45 @@ constexpr int CommandOf(const forms::MenuArgs& entry, std::size_t row) {
   return entry.command != 0 ? entry.command : kFirstMenuId + static_cast<int>(row);
 }
 
-// The menu bar of a table of entries, where argsOf gives a row's forms::MenuArgs. An entry
-// that other entries name as their parent is a drop-down menu; every other entry is a command
-// whose id follows from its row.
+// Names a table's entries by: two names are the same when both are given and equal.
+constexpr bool SameName(const char* a, const char* b) {
+  return a != nullptr && b != nullptr && std::string_view(a) == b;
+}
+
+// Appends to a menu the entries of a table that name `parent` as theirs (null: those of the
+// bar), in their order, where argsOf gives a row's forms::MenuArgs. The first entry of a name
+// that other entries name as their parent is a drop-down menu of them; every other entry is a
+// command whose id follows from its row. Nothing is allocated, so that a window made by hand
+// can use it without the C++ library's containers and what they bring into an exe.
 template <class Rows, class ArgsOf>
-HMENU BuildMenuBar(const Rows& rows, ArgsOf argsOf) {
+void AppendMenuEntries(HMENU menu, const Rows& rows, ArgsOf argsOf, const char* parent) {
   const std::size_t count = std::size(rows);
-  const auto rowOf = [&](const char* name) {
-    for (std::size_t p = 0; p < count; ++p) {
-      if (name != nullptr && std::string_view(name) == argsOf(rows[p]).name) return p;
-    }
-    return count;
-  };
-  std::vector<HMENU> popups(count, nullptr);
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::size_t parent = rowOf(argsOf(rows[i]).parent);
-    if (parent < count && popups[parent] == nullptr) popups[parent] = ::CreatePopupMenu();
-  }
-  HMENU bar = ::CreateMenu();
   for (std::size_t i = 0; i < count; ++i) {
     const forms::MenuArgs& args = argsOf(rows[i]);
-    HMENU target = bar;
-    if (args.parent != nullptr) {
-      const std::size_t parent = rowOf(args.parent);
-      if (parent == count) continue;
-      target = popups[parent];
+    if (parent == nullptr ? args.parent != nullptr : !SameName(args.parent, parent)) continue;
+    bool first = true, named = false;
+    for (std::size_t other = 0; other < count; ++other) {
+      first = first && !(other < i && SameName(argsOf(rows[other]).name, args.name));
+      named = named || SameName(argsOf(rows[other]).parent, args.name);
     }
     const char* caption = args.caption != nullptr ? args.caption : "";
-    if (popups[i] != nullptr) {
-      ::AppendMenuA(target, MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(popups[i]), caption);
+    if (first && named) {
+      HMENU popup = ::CreatePopupMenu();
+      AppendMenuEntries(popup, rows, argsOf, args.name);
+      ::AppendMenuA(menu, MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(popup), caption);
     } else if (std::string_view(caption) == "-") {
-      ::AppendMenuA(target, MF_SEPARATOR, 0, nullptr);
+      ::AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
     } else {
-      ::AppendMenuA(target, MF_STRING, static_cast<UINT_PTR>(CommandOf(args, i)), caption);
+      ::AppendMenuA(menu, MF_STRING, static_cast<UINT_PTR>(CommandOf(args, i)), caption);
     }
   }
+}
+
+// The menu bar of a table of entries.
+template <class Rows, class ArgsOf>
+HMENU BuildMenuBar(const Rows& rows, ArgsOf argsOf) {
+  HMENU bar = ::CreateMenu();
+  AppendMenuEntries(bar, rows, argsOf, nullptr);
   return bar;
 }
 
