@@ -10,7 +10,7 @@ class Form1 : public forms::Window {
   Form1();
 
   forms::PictureBox& Picture1;
-  forms::CheckBox* Check1[catalogue::kResolutionCount];
+  forms::CheckBox* Check1[catalogue::kResolutionCount] = {};
   forms::CommandButton& Command1;  // CPU Benchmark
   forms::CommandButton& Command2;  // High Quality
   forms::CommandButton& Command3;  // Low Quality

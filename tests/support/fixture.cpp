@@ -32,8 +32,9 @@ void HeadlessTest::Install(const char* key, const std::string& folder) {
 
 std::string HeadlessTest::Controls() {
   Form1& f = MainForm();
-  const std::vector<const forms::Control*> controls = {f.Check1[0], f.Check1[1], f.Check1[2], f.Check1[3], f.Check1[4],
-      &f.Command1, &f.Command2, &f.Command3, &f.Command4, nullptr, &f.Option1, &f.Option2, &f.Option3, &f.Option4};
+  std::vector<const forms::Control*> controls(std::begin(f.Check1), std::end(f.Check1));
+  controls.insert(controls.end(), {&f.Command1, &f.Command2, &f.Command3, &f.Command4, nullptr, &f.Option1,
+                                   &f.Option2, &f.Option3, &f.Option4});
   std::string enabled;
   for (const forms::Control* c : controls) enabled += c == nullptr ? ' ' : c->Enabled() ? '1' : '0';
   return enabled;

@@ -57,8 +57,8 @@ struct HeadlessTest : ::testing::Test {
   // Starts the program as its entry does, up to the event loop, and gives the main window.
   static Form1& StartProgram() { headless::RunAsEvent([] { forms::Show(forms::Load(std::make_unique<Form1>())); }); return MainForm(); }
   static void Tick(std::initializer_list<int> boxes) { for (int box : boxes) EXPECT_TRUE(headless::Click(*MainForm().Check1[box])); }
-  // Whether the controls of the main window are enabled, as 1 or 0: the nine run controls
-  // (the five boxes, then the four buttons), a blank, and the four option buttons.
+  // Whether the controls of the main window are enabled, as 1 or 0: the run controls (the
+  // resolution boxes, then the four buttons), a blank, and the four option buttons.
   static std::string Controls();
   // The window the "Custom Test" button shows, or null.
   static Form2* CustomWindow() { return static_cast<Form2*>(forms::FindOpen(Form2::kName)); }
