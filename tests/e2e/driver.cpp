@@ -15,8 +15,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <regex>
 #include <set>
 
+#include "launch/arguments.h"  // the usage that the program's boxes show
 #include "ui.h"
 
 #include <commctrl.h>  // after <windows.h>, which ui.h includes
@@ -55,7 +57,8 @@ struct Scenario {
 const std::vector<std::pair<std::string, std::size_t>> kKeys = {
     {"install", 1}, {"procedure", 1}, {"fault", 1}, {"program", 1}, {"picture", 1}, {"opened", 1},
     {"clicks", 0}, {"tests", 0}, {"delete", 1}, {"write", 2}, {"move", 2}, {"folder", 2},
-    {"immutable", 1}, {"copy", 2}, {"drive", 2}, {"start box", 3}, {"run box", 3}, {"check", 2}};
+    {"immutable", 1}, {"copy", 2}, {"drive", 2}, {"start box", 3}, {"run box", 3}, {"check", 2},
+    {"arguments", 1}, {"exit", 0}, {"document", 1}, {"same", 2}, {"registry", 3}};
 
 // The position of a value among those allowed where it stands.
 int Choose(const std::string& value, std::initializer_list<const char*> choices) {
@@ -85,7 +88,8 @@ std::string Unescape(const std::string& text) {
 std::string Expand(std::string text, const std::string& program) {
   const std::pair<std::string, std::string> placeholders[] = {
       {"{program}", ui::kProgramFolder}, {"{full}", ui::kFullGame}, {"{demo}", ui::kDemoGame},
-      {"{results}", program + "\\results.html"}, {"{title}", ui::kTitle}};
+      {"{results}", program + "\\results.html"}, {"{title}", ui::kTitle},
+      {"{kept}", "C:\\Kept R\xE9sum\xE9s Gr\xF6\xDF" "e"}, {"{usage}", std::string("\n\n") + arguments::kUsage}};
   for (const auto& [name, value] : placeholders) {
     for (std::size_t at; (at = text.find(name)) != std::string::npos;) text.replace(at, name.size(), value);
   }
@@ -133,11 +137,28 @@ std::vector<Scenario> Scenarios() {
 
 std::string Env(const char* name) { return std::getenv(name) ? std::getenv(name) : ""; }
 
+// A name with a * in one of its parts takes there the first name that matches, if any.
+std::string Found(const std::string& path) {
+  const std::size_t star = path.find('*'), end = std::min(path.find('\\', star), path.size());
+  WIN32_FIND_DATAW found;
+  HANDLE search = star == std::string::npos ? INVALID_HANDLE_VALUE : ::FindFirstFileW(ui::Wide(path.substr(0, end)).c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return path;
+  ::FindClose(search);
+  const std::wstring name = found.cFileName;
+  return path.substr(0, path.rfind('\\', star) + 1) + std::string(name.begin(), name.end()) + path.substr(end);
+}
+
+// Kept reports and their index carry the time of each run: the times compare as placeholders.
+std::string Timeless(const std::string& text) {
+  const std::regex stamp(R"(\d{8}-\d{6})"), time(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d)");
+  return std::regex_replace(std::regex_replace(text, time, "YYYY-MM-DD hh:mm:ss"), stamp, "YYYYMMDD-hhmmss");
+}
+
 // The file must hold exactly the bytes of the expected file of that name; "<missing>" stands
 // for a file that must not exist.
 void ExpectFile(const std::string& path, const std::string& expectedName) {
   const std::string expectedPath = Env("KELVARNITE_E2E_GOLDEN") + "\\" + expectedName;
-  const std::string actual = ui::ReadBytes(path).value_or("<missing>");
+  const std::string actual = Timeless(ui::ReadBytes(Found(path)).value_or("<missing>"));
   if (Env("KELVARNITE_E2E_UPDATE") == "1") return ui::WriteBytes(expectedPath, actual);
   const std::optional<std::string> expected = ui::ReadBytes(expectedPath);
   if (!expected) Fail("no expected file " + expectedName);
@@ -165,7 +186,7 @@ std::vector<std::string> Opened() { return ui::Lines(ui::ReadBytes(ui::kOpened).
 void AwaitOpened(const std::string& path) {
   std::vector<std::string> opened;
   ui::AwaitTrue("the shell to open " + path, [&] { return (opened = Opened()).size() > openedSoFar; });
-  if (opened[openedSoFar] != path) Fail("the shell opened " + opened[openedSoFar] + ", not " + path);
+  if (Timeless(opened[openedSoFar]) != path) Fail("the shell opened " + opened[openedSoFar] + ", not " + path);
   ++openedSoFar;
 }
 // Once the program has ended, an opener it started is running or has written its line.
@@ -310,6 +331,23 @@ void About(const Scenario& s) {
   Exit(main);
 }
 
+// Each line of `arguments` starts the program in turn, the first as the scenario's start: each
+// ends by itself with its code of `exit`. Then the documents it handed to the shell, and the
+// files that must be `same`.
+void CommandLine(const Scenario& s) {
+  const std::vector<Fields> lines = s.All("arguments");
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (i > 0) ui::StartProgram(s.Get("program", ui::kProgramFolder) + "\\" + ui::kProgramExe, lines[i][0]);
+    DWORD code = 0;
+    if (::WaitForSingleObject(ui::Program(), 240000) != WAIT_OBJECT_0 || !::GetExitCodeProcess(ui::Program(), &code))
+      Fail("the program did not end");
+    if (std::to_string(code) != s.List("exit").at(i)) Fail("the exit code is " + std::to_string(code));
+  }
+  for (const Fields& document : s.All("document")) AwaitOpened(document[0]);
+  for (const Fields& pair : s.All("same"))
+    if (!ui::ReadBytes(pair[0]) || ui::ReadBytes(pair[0]) != ui::ReadBytes(pair[1])) Fail(pair[0] + " differs from " + pair[1]);
+}
+
 // Tab round a window once: of each option group the focus lands on the selected button alone,
 // so that a Space there changes nothing, and those buttons are the ones given.
 void TabRound(HWND window, const std::set<std::string>& selected) {
@@ -350,7 +388,7 @@ void Keyboard(const Scenario& s) {
 const std::map<std::string, void (*)(const Scenario&)> kProcedures = {
     {"keyboard", Keyboard},
     {"start-up", [](const Scenario& s) { Exit(StartUp(s)); }}, {"main-window", MainWindowTour},
-    {"tests", Tests}, {"custom-options", CustomOptions}, {"about", About}};
+    {"tests", Tests}, {"custom-options", CustomOptions}, {"about", About}, {"command-line", CommandLine}};
 
 // The prefix holds both games and their keys; a scenario takes away what it does not have,
 // then makes its own changes in the order of the table.
@@ -370,6 +408,8 @@ void Prepare(const Scenario& s) {
     if (verb == "delete") ::DeleteFileW(ui::Wide(f[0]).c_str());
     if (verb == "write") ui::WriteBytes(f[0], f[1]);
     if (verb == "move") ::MoveFileW(ui::Wide(f[0]).c_str(), ui::Wide(f[1]).c_str());
+    if (verb == "registry")  // the machine as the program reads it, HKEY_LOCAL_MACHINE's text values
+      ::RegSetKeyValueA(HKEY_LOCAL_MACHINE, f[0].c_str(), f[1].c_str(), REG_SZ, f[2].c_str(), static_cast<DWORD>(f[2].size() + 1));
     if (verb == "folder") {  // as the program will read it: ANSI bytes of any type
       const DWORD types[] = {REG_SZ, REG_EXPAND_SZ, REG_DWORD};
       ::RegSetKeyValueA(HKEY_LOCAL_MACHINE, kGameKey.c_str(), "Folder",
@@ -384,7 +424,7 @@ int Run(const Scenario& s, bool prepared) {
     if (!prepared) Prepare(s);
     const auto procedure = kProcedures.find(s.Get("procedure"));
     if (procedure == kProcedures.end()) Fail("no procedure \"" + s.Get("procedure") + "\"");
-    ui::StartProgram(s.Get("program", ui::kProgramFolder) + "\\" + ui::kProgramExe);
+    ui::StartProgram(s.Get("program", ui::kProgramFolder) + "\\" + ui::kProgramExe, s.Get("arguments"));
     for (const Fields& box : s.All("start box")) {  // each alone on the screen
       ui::Await("the box", [] { return ui::FindTop(L"#32770", ""); });
       if (ui::FindTop(ui::kFormClass, ui::kTitle)) Fail("the main window shows beside the box");

@@ -57,7 +57,12 @@ std::string Narrow(const std::wstring& text) { return std::string(text.begin(), 
 
 void Fail(const std::string& why) { throw Failure(why); }
 
-std::wstring Wide(const std::string& text) { return std::wstring(text.begin(), text.end()); }
+// Byte by byte, each its own code point (Latin-1, which Windows-1252 is from 0xA0 on).
+std::wstring Wide(const std::string& text) {
+  std::wstring wide;
+  for (unsigned char c : text) wide += static_cast<wchar_t>(c);
+  return wide;
+}
 
 std::optional<std::string> ReadBytes(const std::string& path) {
   std::ifstream file(std::filesystem::path(Wide(path)), std::ios::binary);
@@ -97,8 +102,8 @@ void AwaitTrue(const std::string& what, const std::function<bool()>& ready, int 
   Await(what, [&] { return ready() ? ::GetDesktopWindow() : nullptr; }, seconds);
 }
 
-void StartProgram(const std::string& exe) {
-  std::wstring line = L"\"" + Wide(exe) + L"\"";
+void StartProgram(const std::string& exe, const std::string& arguments) {
+  std::wstring line = L"\"" + Wide(exe) + L"\"" + (arguments.empty() ? L"" : L" " + Wide(arguments));
   std::wstring folder = Wide(exe.substr(0, exe.find_last_of('\\')));
   STARTUPINFOW startup{};
   startup.cb = sizeof(startup);
