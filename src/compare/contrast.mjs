@@ -22,22 +22,13 @@ function decide(d, h95, h90, margin) {
   return toPercent(d - h90) > -margin && toPercent(d + h90) < margin ? 'same' : null;
 }
 
-// The quantiles of whole degrees of freedom recur for every cell that counts repeats.
-const known = new Map();
-function quantile(p, df) {
-  const key = p + ' ' + df;
-  // Stryker disable next-line ConditionalExpression: the store only saves the computing again
-  if (!known.has(key)) known.set(key, studentQuantile(p, df));
-  return known.get(key);
-}
-
 // The repeats of each side that would settle a difference d at a pooled standard deviation s
 // (both on the log scale), were the two sides to keep them: the fewest n above from for which the
 // interval of n repeats against n decides; Infinity where even MOST_REPEATS would not.
 export function repeatsNeeded(d, s, margin, from = 1) {
   for (let n = from + 1; n <= MOST_REPEATS; n++) {
     const se = s * Math.sqrt(2 / n);
-    if (decide(d, quantile(0.975, 2 * n - 2) * se, quantile(0.95, 2 * n - 2) * se, margin)) return n;
+    if (decide(d, studentQuantile(0.975, 2 * n - 2) * se, studentQuantile(0.95, 2 * n - 2) * se, margin)) return n;
   }
   return Infinity;
 }

@@ -9,7 +9,9 @@ import fs from 'node:fs';
 import { describe, geometricMean, studentCdf, studentQuantile, unsteady } from '../../src/compare/inference.mjs';
 import { tag } from '../../src/compare/markup.mjs';
 import { parseReport, readRate } from '../../src/compare/report.mjs';
-import { cellsOf, groupsOf, keysOf, statsOf } from '../../src/compare/stats.mjs';
+import { cellsOf, comparedGroups, groupsOf, keysOf, statsOf } from '../../src/compare/stats.mjs';
+import { csvText, tableHtml } from '../../src/compare/tables.mjs';
+import { tipText } from '../../src/compare/figures.mjs';
 import { summaryOf } from '../../src/compare/summary.mjs';
 import { contrast, repeatsNeeded } from '../../src/compare/contrast.mjs';
 import { outliers, coldStart, drift } from '../../src/compare/flags.mjs';
@@ -43,9 +45,11 @@ test('reports as the program writes them, whole and with a run that left no reco
   }
 });
 
+// A run with an Average FPS alone, at one pair; a null average is a gap.
+const made = (name, average, res = '640x480', file = undefined) => ({ name, file, report: { resolutions: [res],
+  levels: ['DM-Antalus'], values: new Map([[res + '\nDM-Antalus', [null, average && { value: average }, null]]]) } });
+
 test('the summary ranks the fastest first, the baseline by a difference of 0, and one with nothing in common last', () => {
-  const made = (name, average, res = '640x480') => ({ name, report: { resolutions: [res], levels: ['DM-Antalus'],
-    values: new Map([[res + '\nDM-Antalus', [null, { value: average }, null]]]) } });
   const series = [made('base', 100), made('apart', 200, '800x600'), made('slower', 90), made('faster', 110)];
   const groups = groupsOf(series);
   const keys = keysOf(series);
@@ -119,29 +123,21 @@ test('the verdict on both sides of the margin, and the repeats that would settle
   assert.equal(contrast([151, 155, 149], [150, 152, 151], 2).more, 4);
 });
 
-test('the 95 % interval covers the true ratio 94 to 96 % of the time: 10,000 simulated pairs of 3 and 5 repeats', () => {
-  // A fixed seed (mulberry32) and Box-Muller: normal repeats of 2 % spread, true ratio 0.95.
-  let seed = 20261125;
-  const uniform = () => {
-    seed = (seed + 0x6d2b79f5) | 0;
-    let t = Math.imul(seed ^ (seed >>> 15), 1 | seed);
-    t = (t + Math.imul(t ^ (t >>> 7), 61 | t)) ^ t;
-    return ((t ^ (t >>> 14)) >>> 0) / 4294967296;
-  };
-  const normal = (mean, n) => Array.from({ length: n }, () => mean * (1 + 0.02 * Math.sqrt(-2 * Math.log(1 - uniform())) *
-    Math.cos(2 * Math.PI * uniform())));
-  let covered = 0;
-  for (let i = 0; i < 10000; i++) {
-    const { low, high } = contrast(normal(95, 3), normal(100, 5), 2);
-    if (low <= -5 && -5 <= high) covered++;
-  }
-  assert.ok(covered >= 9400 && covered <= 9600, `covered ${covered} of 10000`);
-});
-
 test('the outlier, cold-start and drift flags just inside and just outside their thresholds', () => {
   for (const { values, times, ...want } of cases.flags.rows) {
     assert.deepEqual({ outliers: outliers(values), cold: coldStart(values), drift: drift(values, times) }, want, values.join(' '));
   }
+});
+
+test('each figure as the CSV, the cells of a table and the tool tips give it, all from one description', () => {
+  const { margin, series, csv, cells, tips } = cases.figures;
+  const runs = Object.entries(series).flatMap(([name, values]) => values.map((v, i) => made(name, v, '640x480', name + (i + 1) + '.html')));
+  const keys = keysOf(runs);
+  const groups = comparedGroups(runs, keys, false);
+  const view = { groups, keys, base: groups[0], margin, cells: cellsOf(groups, keys, groups[0], margin), headlines: [] };
+  assert.deepEqual(csvText(view).slice(1).split('\r\n'), csv);
+  assert.deepEqual(String(tableHtml(1, view)).match(/<td[^>]*>.*?<\/td>/g).map((td) => td.replace(/<br>/g, '|').replace(/<[^>]*>/g, '')), cells);
+  assert.deepEqual(view.cells[1][0].map((c) => c.st && tipText(view, c, keys[0])), tips);
 });
 
 test('the margin, the targets and outliers left out, read from the address and written to it', () => {
