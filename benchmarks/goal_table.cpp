@@ -31,7 +31,7 @@ constexpr double kStartUpRatio = 1.2;     // start-up against the minimal window
 constexpr double kOwnStartUpRatio = 1.1;  // start-up against the same window made by hand
 constexpr double kLogBytesPerSecond = 100e6;
 constexpr double kPerRecordRatio = 1.5;   // 32767 records against 10^3: the cost stays linear
-constexpr double kExeBytes = 512 * 1024;
+constexpr double kExeBytes = 400 * 1024;  // 409,600 bytes
 constexpr double kWorkingSetAboveMinimal = 8;  // MB
 constexpr int kSuiteStarts = 35;               // seven levels at five resolutions
 
@@ -160,25 +160,25 @@ std::vector<std::string> ForeignDlls(const std::string& imports) {
   return foreign;
 }
 
+// The table in Markdown, as docs/performance.md takes it whole.
 class Table {
  public:
   // A figure with a goal.
   void Goal(const std::string& figure, const std::string& value, const std::string& baseline,
             const std::string& ratio, const std::string& goal, bool met) {
     if (!met) ++missed_;
-    rows_.push_back(Format("%-44s %14s %16s %14s %12s  %s", figure.c_str(), value.c_str(),
+    rows_.push_back(Format("| %s | %s | %s | %s | %s | %s |", figure.c_str(), value.c_str(),
                            baseline.c_str(), ratio.c_str(), goal.c_str(), met ? "PASS" : "FAIL"));
   }
   // A figure shown beside the one above it.
   void Aside(const std::string& figure, const std::string& value, const std::string& baseline,
              const std::string& ratio) {
-    rows_.push_back(Format("%-44s %14s %16s %14s", figure.c_str(), value.c_str(),
+    rows_.push_back(Format("| %s | %s | %s | %s | | |", figure.c_str(), value.c_str(),
                            baseline.c_str(), ratio.c_str()));
   }
 
   void Print() const {
-    std::printf("%-44s %14s %16s %14s %12s  %s\n", "Figure", "Value", "Baseline", "Ratio", "Goal",
-                "");
+    std::printf("| Figure | Value | Baseline | Ratio | Goal | |\n|---|---|---|---|---|---|\n");
     for (const std::string& row : rows_) std::printf("%s\n", row.c_str());
   }
   int Missed() const { return missed_; }
@@ -199,8 +199,14 @@ int Run(const Measured& wine, const Report& report, const std::vector<std::strin
   table.Goal("1. 35-start suite, click to the shell", Format("%.3f s", toShell),
              Format("%.3f s loop", loop), ratio + "x", Format("<= %gx", kSuiteRatio),
              Number(ratio) <= kSuiteRatio);
-  table.Aside("   to the record of the opener", Format("%.3f s", suite),
+  table.Aside("the same, to the record of the opener", Format("%.3f s", suite),
               Format("%.3f s loop", loop), Format("%.3fx", suite / loop));
+  // Per start, so that the suite's time and its 35 starts can be read against each other.
+  table.Aside("per game start, the suite's starts against the loop's",
+              Format("%.1f ms", games / kSuiteStarts * 1000),
+              Format("%.1f ms loop", loop / kSuiteStarts * 1000), "");
+  table.Aside("from the last game to the report in the shell's hands",
+              Format("%.0f ms", (toShell - games) * 1000), "", "");
 
   const double program = wine("startup_program"), minimal = wine("startup_minimal");
   ratio = Format("%.3f", program / minimal);
@@ -213,7 +219,7 @@ int Run(const Measured& wine, const Report& report, const std::vector<std::strin
   // still catches a library or a piece of work added to the start.
   const double same = wine("startup_same_window");
   ratio = Format("%.3f", wine("startup_same_pair_ratio"));
-  table.Goal("   against the same window by hand (rounds)", Format("%.0f ms", program * 1000),
+  table.Goal("the same, against the same window by hand (rounds)", Format("%.0f ms", program * 1000),
              Format("%.0f ms by hand", same * 1000), ratio + "x",
              Format("<= %gx", kOwnStartUpRatio), Number(ratio) <= kOwnStartUpRatio);
 
@@ -229,20 +235,20 @@ int Run(const Measured& wine, const Report& report, const std::vector<std::strin
       table.Goal("3. Log to report, 10^5 records (32767 read)", value, baseline, time,
                  Format(">= %g MB/s", kLogBytesPerSecond / 1e6), rate >= kLogBytesPerSecond);
     } else {
-      table.Aside(Format("   log to report, %d records", records), value, baseline, time);
+      table.Aside(Format("log to report, %d records", records), value, baseline, time);
     }
   }
   // Linear growth keeps the time per record flat from 10^3 to 10^5 records; a cost that grew
   // with the square of the log would multiply it by about 33.
   ratio = Format("%.2f", perRecord[100000] / perRecord[1000]);
-  table.Goal("   time per record, 32767 against 10^3", Format("%.0f ns", perRecord[100000] * 1e9),
+  table.Goal("time per record, 32767 against 10^3", Format("%.0f ns", perRecord[100000] * 1e9),
              Format("%.0f ns", perRecord[1000] * 1e9), ratio + "x",
              Format("<= %gx", kPerRecordRatio), Number(ratio) <= kPerRecordRatio);
 
   table.Goal("4. Release exe (i686), stripped, static", Format("%.1f KB", exeSize / 1024),
              Format("%.1f KB minimal", minimalSize / 1024), Format("%.2fx", exeSize / minimalSize),
              Format("<= %g KB", kExeBytes / 1024), exeSize <= kExeBytes);
-  table.Goal("   DLLs beyond those of Windows", std::to_string(foreign.size()), "",
+  table.Goal("DLLs beyond those of Windows", std::to_string(foreign.size()), "",
              foreign.empty() ? "none" : Joined(foreign), "none", foreign.empty());
 
   const double setProgram = wine("suite_program_peak_working_set");
@@ -255,7 +261,7 @@ int Run(const Measured& wine, const Report& report, const std::vector<std::strin
              Format("%.1f MB minimal", setMinimal / kMegabyte), "+" + difference + " MB",
              Format("<= %g MB", kWorkingSetAboveMinimal),
              Number(difference) <= kWorkingSetAboveMinimal);
-  table.Aside("   peak private bytes", Format("%.1f MB", privateProgram / kMegabyte),
+  table.Aside("peak private bytes during the suite", Format("%.1f MB", privateProgram / kMegabyte),
               Format("%.1f MB minimal", privateMinimal / kMegabyte),
               Format("+%.1f MB", (privateProgram - privateMinimal) / kMegabyte));
 
@@ -270,10 +276,7 @@ int Run(const Measured& wine, const Report& report, const std::vector<std::strin
     std::printf("  %-20s median %s: %s\n", name, wine.Median(name).c_str(),
                 wine.Samples(name).c_str());
   }
-  std::printf("  per game start: program %.1f ms, loop %.1f ms; after the last game: report and "
-              "shell %.0f ms, the opener alone %.0f ms\n",
-              games / kSuiteStarts * 1000, loop / kSuiteStarts * 1000, (toShell - games) * 1000,
-              opener * 1000);
+  std::printf("  the opener alone: %.0f ms\n", opener * 1000);
   std::printf("  memory at the shown window: program %.1f MB working set, %.1f MB private\n",
               wine("shown_program_peak_working_set") / kMegabyte,
               wine("shown_program_peak_private") / kMegabyte);

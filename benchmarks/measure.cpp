@@ -26,9 +26,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
+#include "benchmark/catalogue.h"
 #include "ui.h"
 
 namespace {
@@ -40,8 +42,8 @@ const std::string kLogFolder = ui::kFullGame + "\\Benchmark";
 const std::string kLowFrameRateLog = kLogFolder + "\\lowframerate.log";
 const std::string kMinimalWindow = ui::kDriverFolder + "\\minimal_window.exe";
 const std::string kSameWindow = ui::kDriverFolder + "\\same_window.exe";
-const char* const kResolutions[] = {"640x480", "800x600", "1024x768", "1280x1024", "1600x1200"};
-constexpr std::size_t kSuiteStarts = 35;  // seven levels at five resolutions
+// Every level of the suite at every resolution.
+constexpr std::size_t kSuiteStarts = std::size(catalogue::kFullSuite) * static_cast<std::size_t>(catalogue::kResolutionCount);
 
 double Now() {
   LARGE_INTEGER count, frequency;
@@ -387,10 +389,10 @@ int SuiteAgainstLoop(int runs) {
   HWND main = ui::AwaitTop(ui::kFormClass, ui::kTitle, 30);
   ui::Click(main, "Full");
   ui::Click(main, "Direct3D");
-  for (const char* resolution : kResolutions) ui::Click(main, resolution);
+  for (const char* resolution : catalogue::kResolutions) ui::Click(main, resolution);
   ui::AwaitState(main, "Full", true, true);
   ui::AwaitState(main, "Direct3D", true, true);
-  for (const char* resolution : kResolutions) ui::AwaitState(main, resolution, true, true);
+  for (const char* resolution : catalogue::kResolutions) ui::AwaitState(main, resolution, true, true);
 
   FolderWatch driverFolder(ui::kDriverFolder), logFolder(kLogFolder);
   std::vector<double> suite, games, loop, handOff, toShell;

@@ -9,8 +9,13 @@
 #      the time per record at 35, 10^3 and 10^5 records, against reading the file alone
 #   4. the size of the release exe and the DLLs it needs
 #   5. the program's peak memory during the suite, against the minimal window program
+#   6. the compare page's draw time for 50 reports, against one (benchmarks/compare_page.mjs)
 #
-#   tools/benchmark.sh [--runs N] [--startups N]
+#   tools/benchmark.sh [--runs N] [--startups N] [--doc]
+#
+# With --doc it writes its tables, in Markdown with the commit and the machine, into the two
+# marked blocks of docs/performance.md, which take them whole: the doc then holds the figures
+# of one run and nothing else of them.
 #
 # It installs what is missing, builds the release package and the native benchmark preset, and
 # runs the 32-bit exe unpacked from the zip under 32-bit Wine, in a prefix of its own in a
@@ -22,13 +27,17 @@ cd "$(dirname "$0")/.."
 
 suite_runs=7     # pairs of a suite and a bare loop, after a warm-up pair
 startup_runs=11  # rounds of a start of the program, the minimal window and the same window by hand
+doc=0
 while [[ $# -gt 0 ]]; do
   case $1 in
     --runs) suite_runs=$2; shift 2 ;;
     --startups) startup_runs=$2; shift 2 ;;
-    *) echo "usage: tools/benchmark.sh [--runs N] [--startups N]" >&2; exit 2 ;;
+    --doc) doc=1; shift ;;
+    *) echo "usage: tools/benchmark.sh [--runs N] [--startups N] [--doc]" >&2; exit 2 ;;
   esac
 done
+commit=$(git rev-parse --short HEAD 2>/dev/null || echo unknown)
+[[ -z $(git status --porcelain --untracked-files=no 2>/dev/null) ]] || commit+=" with uncommitted changes"
 
 tools/install-deps.sh test
 # shellcheck source=tools/wine-lib.sh
@@ -98,13 +107,55 @@ echo "== Suite: $suite_runs alternating pairs of 35 starts"
 measure suite "$suite_runs"
 wineserver -w
 
-# --- The table ------------------------------------------------------------------------------
-echo
-echo "Machine: $(nproc) x $(awk -F': ' '/^model name/ { print $2; exit }' /proc/cpuinfo)," \
-  "Debian $(cat /etc/debian_version), $(wine --version)"
-echo "Compilers: $(i686-w64-mingw32-g++ --version | head -1); $(g++ --version | head -1)"
-echo "Priority: $priority; load average before measuring: $load"
-echo
+# --- 6. The compare page, in headless Chromium --------------------------------------------
+echo "== The compare page with 50 reports"
+status=0
+node benchmarks/compare_page.mjs "${program}compare.html" >"$work/compare.txt" || status=1
+
+# --- The tables -----------------------------------------------------------------------------
+memory=$(awk '/^MemTotal/ { printf "%.0f GB", $2 / 1048576 }' /proc/meminfo)
+{
+  echo "Measured at commit $commit by \`tools/benchmark.sh --runs $suite_runs --startups $startup_runs\`:" \
+    "$(nproc) x $(awk -F': ' '/^model name/ { print $2; exit }' /proc/cpuinfo), $memory," \
+    "Debian $(cat /etc/debian_version), $(wine --version); $(i686-w64-mingw32-g++ --version | head -1)," \
+    "$(g++ --version | head -1), $(cmake --version | head -1). Priority: $priority; load average" \
+    "before measuring: $load."
+  echo
+} >"$work/program.md"
 # The figures against their goals; a missed goal is the script's exit status.
 build/benchmark/benchmarks/goal_table "$work/wine.txt" "$work/report.csv" "$work/imports.txt" \
-  "$release" "$minimal_release"
+  "$release" "$minimal_release" >"$work/goals.txt" || status=$?
+{ grep '^|' "$work/goals.txt"; echo; } >>"$work/program.md" || true
+{
+  grep '^Machine' "$work/compare.txt"; echo
+  grep '^|' "$work/compare.txt"; echo
+  grep -v -e '^|' -e '^Machine' "$work/compare.txt"; echo
+} >"$work/compare.md" || true
+echo
+cat "$work/program.md"
+grep -v '^|' "$work/goals.txt"
+echo
+cat "$work/compare.md"
+
+# write_block <name> <file>: the lines between the block's two markers in docs/performance.md
+# become the file's.
+write_block() {
+  local begin="<!-- $1: written by tools/benchmark.sh --doc -->" end="<!-- end of $1 -->"
+  if ! grep -qxF "$begin" docs/performance.md || ! grep -qxF "$end" docs/performance.md; then
+    echo "docs/performance.md lacks the markers of $1" >&2
+    return 1
+  fi
+  grep -q '^|' "$2" || { echo "no table of $1 to write" >&2; return 1; }
+  awk -v begin="$begin" -v end="$end" -v file="$2" '
+    $0 == end { skip = 0 }
+    !skip { print }
+    $0 == begin { while ((getline line < file) > 0) print line; skip = 1 }
+  ' docs/performance.md >"$work/performance.md"
+  cp "$work/performance.md" docs/performance.md
+}
+if [[ $doc -eq 1 ]]; then
+  write_block "the program's figures" "$work/program.md"
+  write_block "the compare page's figures" "$work/compare.md"
+  echo "docs/performance.md: both blocks written"
+fi
+[[ $status -eq 0 ]]

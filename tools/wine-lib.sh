@@ -4,6 +4,9 @@
 # A prefix of the project's own holds the program in a folder with blanks, and a full game and
 # a demo laid out on the stand-in game, each with its registry key. It never touches ~/.wine.
 
+# Program Files, which the help advises against on Windows: in a prefix that folder belongs to
+# the prefix's owner and Wine sends nothing written there elsewhere, so the report is where the
+# browser and the tests look.
 readonly PROGRAM_FOLDER='C:\Program Files\Kelvarnite UT2k3 Benchmark'
 readonly FULL_FOLDER='C:\Games\UT2003'
 readonly DEMO_FOLDER='C:\Games\UT2003 Demo'
@@ -85,11 +88,14 @@ make_prefix() {
   done
 
   local game_keys
+  # The version of each, as the game's setup writes it, for the index of kept reports.
   game_keys="[HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003]
 \"Folder\"=\"$(reg_text "$FULL_FOLDER")\"
+\"Version\"=\"2225\"
 
 [HKEY_LOCAL_MACHINE\\SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003Demo]
 \"Folder\"=\"$(reg_text "$DEMO_FOLDER")\"
+\"Version\"=\"2206\"
 
 " shared_keys=''
   if [[ -n $driver ]]; then

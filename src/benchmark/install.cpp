@@ -1,4 +1,5 @@
 // Finding the full game and its demo, and switching between them.
+#include "benchmark/catalogue.h"
 #include "benchmark/mdlBenchmark.h"
 #include "platform/forms/window.h"
 #include "registry/mdlRegistry.h"
@@ -8,8 +9,8 @@
 namespace mdlBenchmark {
 namespace {
 
-const char* const kFullKey = "SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003";
-const char* const kDemoKey = "SOFTWARE\\Unreal Technology\\Installed Apps\\UT2003Demo";
+const char* const kFullKey = catalogue::kGameKeys[0];
+const char* const kDemoKey = catalogue::kGameKeys[1];
 const char* const kFolderValue = "Folder";
 const char* const kFullCode = "full";
 const char* const kDemoCode = "demo";

@@ -26,6 +26,13 @@ struct AppStateRecord {
   std::vector<std::string> ResolutionNames;  // used from index 1
   std::string RenderEngine;                  // "D3D" or "OGL"
   std::string GameVersion;                   // "full" or "demo"
+  // Unattended runs: whether a finished report is opened (a kept folder opens once, at the
+  // end), the reports written so far and the cells of the last one, and the exit code that
+  // the program ends with.
+  bool OpenReports = true;
+  int ReportsWritten = 0;
+  int ReportCells = 0;
+  int ExitCode = 0;
 };
 
 extern AppStateRecord AppState;
@@ -97,7 +104,8 @@ struct RunNotes {
   std::string runSentence;
   std::string iniSentence;
 };
-// The end of every run: the report, its notes where the test has them, and its opening.
+// The end of every run: the report, its notes where the test has them, and its opening
+// unless the reports are kept.
 void FinishRun(int columns, const RunNotes* notes);
 
 // ---- Installation and start-up ---------------------------------------------------------------

@@ -1,12 +1,9 @@
 #include "benchmark/mdlBenchmark.h"
+#include "benchmark/catalogue.h"
 #include "windows/Form1.h"
 
 namespace mdlBenchmark {
 namespace {
-
-// The five boxes of the main window, in box order: the token each adds to the list.
-const char* const kResolutionTokens[5] = {"640x480_", "800x600_", "1024x768_", "1280x1024_",
-                                          "1600x1200_"};
 
 // Takes the first token off a list and gives its name.
 std::string TakeFirst(std::string& list) {
@@ -22,10 +19,11 @@ void CollectResolutions() {
   AppState.ResolutionCount = 0;
   AppState.ResolutionList.clear();
   Form1& form = MainForm();
-  for (int box = 0; box < 5; ++box) {
+  for (int box = 0; box < catalogue::kResolutionCount; ++box) {
     if (form.Check1[box]->Value() == 1) {
       ++AppState.ResolutionCount;
-      AppState.ResolutionList += kResolutionTokens[box];
+      // Each box adds its token, "640x480_", to the list.
+      (AppState.ResolutionList += catalogue::kResolutions[box]) += '_';
     }
   }
   // The list stays whole for the run; the names come from a copy of it. With no box ticked

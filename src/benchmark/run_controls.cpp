@@ -4,7 +4,8 @@
 namespace mdlBenchmark {
 namespace {
 
-// The nine controls that must not be touched while a test runs.
+// The controls that must not be touched while a test runs: the resolution boxes and the test
+// buttons.
 void SetRunControlsEnabled(bool enabled) {
   Form1& form = MainForm();
   for (forms::CheckBox* box : form.Check1) box->SetEnabled(enabled);

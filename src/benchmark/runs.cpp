@@ -1,20 +1,15 @@
 // The preset tests: the CPU benchmark and the two quality suites.
 #include "benchmark/mdlBenchmark.h"
+#include <span>
 #include <vector>
 
+#include "benchmark/catalogue.h"
 #include "launch/command_line.h"
 #include "launch/mdlapp_sync.h"
 #include "platform/forms/window.h"
 
 namespace mdlBenchmark {
 namespace {
-
-const std::vector<Level> kFullSuite = {{"dm-antalus", "77"}, {"dom-suntemple", "77"},
-                                       {"dm-phobos2", "77"}, {"dm-inferno", "77"},
-                                       {"ctf-face3", "116"},  {"ctf-citadel", "77"},
-                                       {"dm-asbestos", "71"}};
-const std::vector<Level> kDemoSuite = {{"dm-antalus", "77"}, {"dm-asbestos", "77"},
-                                       {"ctf-citadel", "77"}};
 
 const char* const kNoSound = "-nosound ";
 const char* const kRefusalTitle = "Select a Resolution";
@@ -37,7 +32,9 @@ bool ResolutionsChosen(const std::string& refusalTitle) {
 void FinishRun(int columns, const RunNotes* notes) {
   if (!WriteResultsTables(columns)) return;
   if (notes != nullptr && !AppendRunNotes(notes->runSentence, notes->iniSentence)) return;
-  OpenDocument(ResultsPath());
+  ++AppState.ReportsWritten;
+  AppState.ReportCells = columns * AppState.ResolutionCount;
+  if (AppState.OpenReports) OpenDocument(ResultsPath());
 }
 
 void RunAtEachResolution(const std::vector<Level>& levels, const std::string& soundSwitch,
@@ -54,9 +51,9 @@ void RunAtEachResolution(const std::vector<Level>& levels, const std::string& so
 
 void RunCpuBenchmark() {
   if (!ResolutionsChosen(kRefusalTitle)) return;
-  const char* level = AppState.GameVersion == "demo" ? "dm-antalus" : "dm-inferno";
-  RunAtEachResolution({{level, "77"}}, kNoSound, IniPath("\\CPU_LowDetail.ini"),
-                      UserIniPath("\\Benchmark\\Stuff\\MinDetailUser.ini"));
+  const char* level = catalogue::kCpuLevel[AppState.GameVersion == "demo"];
+  RunAtEachResolution({{level, std::to_string(catalogue::kCpuSeconds)}}, kNoSound,
+                      IniPath(catalogue::kCpuDetail.ini), UserIniPath(catalogue::kCpuDetail.userIni));
   const RunNotes notes{"This test was run using the CPU Bench Option",
                        "This test was run using the CPU_LowDetail.ini provided by Kelvarnite"};
   FinishRun(1, &notes);
@@ -64,9 +61,7 @@ void RunCpuBenchmark() {
 
 void RunQualitySuite(Quality quality) {
   const bool high = quality == Quality::High;
-  const char* iniFile = high ? "\\Custom_MaxDetail.ini" : "\\Custom_MinDetail.ini";
-  const char* userIniFile =
-      high ? "\\Benchmark\\Stuff\\MaxDetailUser.ini" : "\\Benchmark\\Stuff\\MinDetailUser.ini";
+  const catalogue::Detail& detail = high ? catalogue::kMaxDetail : catalogue::kMinDetail;
   const RunNotes notes =
       high ? RunNotes{"This test was run using the High Quality Option",
                       "This test was run using the Custom_MaxDetail.ini provided by Kelvarnite"}
@@ -74,8 +69,14 @@ void RunQualitySuite(Quality quality) {
                       "This test was run using the Custom_MinDetail.ini provided by Kelvarnite"};
 
   if (!ResolutionsChosen(kRefusalTitle)) return;
-  const std::vector<Level>& suite = AppState.GameVersion == "demo" ? kDemoSuite : kFullSuite;
-  RunAtEachResolution(suite, kNoSound, IniPath(iniFile), UserIniPath(userIniFile));
+  const bool demo = AppState.GameVersion == "demo";
+  std::vector<Level> suite;
+  for (const char* level : demo ? std::span<const char* const>(catalogue::kDemoSuite)
+                                : std::span<const char* const>(catalogue::kFullSuite)) {
+    suite.push_back({level, std::to_string(demo ? catalogue::kDemoSuiteSeconds
+                                                : catalogue::FlybySeconds(level))});
+  }
+  RunAtEachResolution(suite, kNoSound, IniPath(detail.ini), UserIniPath(detail.userIni));
   FinishRun(static_cast<int>(suite.size()), &notes);
 }
 

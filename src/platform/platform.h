@@ -93,12 +93,20 @@ bool ReadTextFile(const std::string& path, std::string* bytes, std::string* reas
                   std::size_t limit = static_cast<std::size_t>(-1));
 // A file that is read-only or not, but no folder, not hidden and not a system file.
 bool NormalFileExists(const std::string& path);
+// Makes the folder and any of its parents that are missing; true when it exists afterwards.
+bool CreateFolder(const std::string& path, std::string* reason);
+// Puts the file from in the place of the file to, which may exist; from is gone afterwards.
+bool MoveFileOver(const std::string& from, const std::string& to, std::string* reason);
 
 // ---- Program -------------------------------------------------------------------------------
 // The folder of the running program; it ends in a backslash only for the root of a drive.
 std::string ProgramFolder();
+// The whole command line of the process, the program's own name first, as the system gave it.
+std::string CommandLine();
 // Ends the process at once, with all its windows; no further code of the program runs.
-[[noreturn]] void EndProcess();
+[[noreturn]] void EndProcess(int exitCode = 0);
+// The local time as "YYYY-MM-DD HH:MM:SS".
+std::string LocalTime();
 
 std::string ApplicationTitle();
 struct Version {
@@ -120,5 +128,8 @@ void DestroyNativeWindow(forms::Window& window);
 void UpdateNativeControl(forms::Control& control);
 // Serves window events until the process ends.
 int RunEventLoop();
+// Draws what is waiting to be drawn and takes no other input: between the runs of a batch,
+// which runs outside the event loop.
+void PaintWindows();
 
 }  // namespace platform

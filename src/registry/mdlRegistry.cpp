@@ -1,26 +1,20 @@
 #include "registry/mdlRegistry.h"
 
 namespace mdlRegistry {
-namespace {
-
-// Query value, set value, create subkey, enumerate subkeys, notify and create link. More than
-// reading needs, so a key the user may only read cannot be opened and reads as empty.
-constexpr std::uint32_t kAccessMask = 63;
-
-}  // namespace
-
 std::string RegistryValue::AsText() const {
   if (const auto* text = std::get_if<std::string>(&content)) return *text;
   if (const auto* number = std::get_if<std::int32_t>(&content)) return std::to_string(*number);
   return {};
 }
 
+// The default access, 63, is query value, set value, create subkey, enumerate subkeys, notify
+// and create link.
 RegistryValue ReadRegistryValue(platform::KeyHandle root, const std::string& keyName,
-                                const std::string& valueName) {
+                                const std::string& valueName, std::uint32_t access) {
   // A failed open leaves the handle at 0; the query then fails on it and the value stays
   // empty, so its result code need not be looked at.
   platform::KeyHandle key = 0;
-  platform::RegOpenKeyExA(root, keyName, 0, kAccessMask, &key);
+  platform::RegOpenKeyExA(root, keyName, 0, access, &key);
   RegistryValue value;
   QueryRegistryValue(key, valueName, value);
   platform::RegCloseKey(key);

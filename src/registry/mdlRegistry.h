@@ -28,9 +28,12 @@ struct RegistryValue {
   std::string AsText() const;
 };
 
-// Opens the key, reads the value and closes the key again. Empty when anything fails.
+// Opens the key, reads the value and closes the key again. Empty when anything fails. The
+// access asked for is more than reading needs, so that a key the user may only read reads as
+// empty, unless only reading is asked for (kReadAccess).
+inline constexpr std::uint32_t kReadAccess = 0x20019;
 RegistryValue ReadRegistryValue(platform::KeyHandle root, const std::string& keyName,
-                                const std::string& valueName);
+                                const std::string& valueName, std::uint32_t access = 63);
 
 // Fills in value (which must come in empty). Result: 0 when read, -1 for a type that is not
 // read, or the platform's error code of the query that failed.

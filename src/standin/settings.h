@@ -22,11 +22,19 @@ struct Fault {
   FaultKind kind = FaultKind::None;
   std::uint64_t hangSeconds = 0;
   std::string level;  // the only level it applies to; empty for every start
+  std::uint64_t start = 0;  // the only start it applies to, counted from 1; 0 for every start
 };
 
-// "<kind> [<argument>] [<level>]": "crash", "hang 5", "inf dm-inferno". A text that is not one
-// of these is no fault.
+// "<kind> [<argument>] [<level>] [#<start>]": "crash", "hang 5", "inf dm-inferno", "crash #2".
+// A text that is not one of these is no fault.
 Fault ParseFault(const std::string& text);
-bool FaultApplies(const Fault& fault, const std::string& level);
+bool FaultApplies(const Fault& fault, const std::string& level, std::uint64_t start);
+
+// Vary=<percent>, such as "5" or "2.5": how far each start moves its rates, in thousandths; 0,
+// also for anything that is not such a number, leaves them as the model gives them. At most 500.
+std::uint64_t ParseVary(const std::string& text);
+// The rate moved by up to that many thousandths either way, by an amount that follows from the
+// start's number alone, so that runs vary from start to start and the same way every time.
+std::uint64_t Varied(std::uint64_t rate, std::uint64_t thousandths, std::uint64_t start);
 
 }  // namespace standin

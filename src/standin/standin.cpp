@@ -38,13 +38,18 @@ std::uint32_t Run(const Start& start) {
   const std::string system = ParentFolder(start.modulePath);
   const std::string game = ParentFolder(system);
   AppendToFile(JoinPath(system, "StandIn.log"), start.commandLine + "\r\n");
+  // This start's number: the lines of StandIn.log, its own included.
+  std::string starts;
+  ReadWholeFile(JoinPath(system, "StandIn.log"), starts);
+  std::uint64_t number = 0;
+  for (char c : starts) number += c == '\n';
 
   IniFile own;
   own.Load(JoinPath(system, "StandIn.ini"));
   const std::uint64_t speed = ParseSpeed(Setting(start.speedVariable, own, "Speed"));
   const GameLine line = ParseGameLine(start.commandLine);
   Fault fault = ParseFault(Setting(start.faultVariable, own, "Fault"));
-  if (!FaultApplies(fault, line.level)) fault = Fault();
+  if (!FaultApplies(fault, line.level, number)) fault = Fault();
   if (fault.kind == FaultKind::Crash) return kCrashExitCode;
   if (fault.kind == FaultKind::Hang) start.sleep(fault.hangSeconds * 1000);
 
@@ -68,8 +73,10 @@ std::uint32_t Run(const Start& start) {
                          config.cpuPermille,
                          line.noSound,
                          Seconds(line.seconds)};
-  const RunResult result = RunBenchmark(inputs);
+  RunResult result = RunBenchmark(inputs);
   if (speed > 0) start.sleep(result.totalMicros / speed);
+  const std::uint64_t vary = ParseVary(Setting("", own, "Vary"));
+  for (std::uint64_t* rate : {&result.low, &result.average, &result.high}) *rate = Varied(*rate, vary, number);
 
   RecordTexts texts{FormatRate(result.low), FormatRate(result.average), FormatRate(result.high),
                     FormatRate(result.score)};

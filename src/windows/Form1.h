@@ -1,6 +1,7 @@
 // The main window: resolutions, renderer, variant, the four test buttons and the menus.
 #pragma once
 
+#include "benchmark/catalogue.h"
 #include "platform/forms/window.h"
 
 class Form1 : public forms::Window {
@@ -9,7 +10,7 @@ class Form1 : public forms::Window {
   Form1();
 
   forms::PictureBox& Picture1;
-  forms::CheckBox* Check1[5];
+  forms::CheckBox* Check1[catalogue::kResolutionCount] = {};
   forms::CommandButton& Command1;  // CPU Benchmark
   forms::CommandButton& Command2;  // High Quality
   forms::CommandButton& Command3;  // Low Quality

@@ -1,7 +1,6 @@
 #include "windows/Form2.h"
 
-#include <iterator>
-
+#include "benchmark/catalogue.h"
 #include "benchmark/mdlBenchmark.h"
 
 using T = forms::ControlType;
@@ -64,25 +63,20 @@ Form2::Form2()
 void Form2::Form_Load() { loadComboBox(); }
 
 void Form2::loadComboBox() {
-  static const char* const kFullLevels[] = {
-      "br-anubis",      "br-bifrost*",    "br-disclosure",  "br-icefields",   "br-skyline",
-      "br-slaughterhouse", "br-twintombs", "ctf-chrome",    "ctf-citadel*",   "ctf-december",
-      "ctf-face3*",     "ctf-geothermal", "ctf-lostfaith",  "ctf-magma",      "ctf-maul",
-      "ctf-orbital2",   "dm-antalus*",    "dm-asbestos*",   "dm-compressed",  "dm-curse3",
-      "dm-flux2",       "dm-gael",        "dm-inferno*",    "dm-insidious",   "dm-leviathan",
-      "dm-oceanic",     "dm-phobos2*",    "dm-plunge",      "dm-serpentine",  "dm-tokaraforest",
-      "dm-trainingday", "dom-core",       "dom-outrigger",  "dom-ruination",  "dom-scorchedearth",
-      "dom-sepukkugorge", "dom-suntemple*"};
-  static const char* const kDemoLevels[] = {"br-anubis", "ctf-citadel*", "dm-antalus*",
-                                            "dm-asbestos*"};
   // Any variant but the full game, none found included, gets the demo's list.
-  const bool full = mdlBenchmark::AppState.GameVersion == "full";
-  if (full) {
-    for (const char* level : kFullLevels) Combo1.AddItem(level);
+  if (mdlBenchmark::AppState.GameVersion == "full") {
+    for (const catalogue::ListedLevel& level : catalogue::kFullLevels) Combo1.AddItem(level.entry);
   } else {
-    for (const char* level : kDemoLevels) Combo1.AddItem(level);
+    for (const char* level : catalogue::kDemoLevels) Combo1.AddItem(level);
   }
-  Combo1.SetListIndex(full ? 16 : 2);  // dm-antalus* in both lists
+  Combo1.SetListIndex(FindEntry(catalogue::kFirstChoice));
+}
+
+int Form2::FindEntry(const std::string& entry) const {
+  for (int index = 0; index < Combo1.ListCount(); ++index) {
+    if (Combo1.List(index) == entry) return index;
+  }
+  return -1;
 }
 
 void Form2::DetailChosen(forms::OptionButton& option) {

@@ -21,6 +21,8 @@ class Form2 : public forms::Window {
   forms::ComboBox& Combo1;
 
   void loadComboBox();
+  // The index of an entry of the level list, -1 when the list does not hold it.
+  int FindEntry(const std::string& entry) const;
 
  protected:
   void Form_Load() override;

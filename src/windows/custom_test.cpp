@@ -1,6 +1,7 @@
 // The custom test of the Custom Options window: one chosen level at every ticked resolution.
 #include <cstdint>
 
+#include "benchmark/catalogue.h"
 #include "benchmark/mdlBenchmark.h"
 #include "windows/Form2.h"
 
@@ -13,12 +14,6 @@ std::string LevelOf(const std::string& entry) {
   std::string level = entry.substr(first, entry.find_last_not_of(' ') - first + 1);
   if (!level.empty() && level.back() == '*') level.pop_back();
   return level;
-}
-
-std::int16_t SecondsOf(const std::string& level) {
-  if (level == "ctf-face3") return 116;
-  if (level == "dm-asbestos") return 71;
-  return 77;
 }
 
 // A number as text with a blank in place of the sign of a positive number: " 77".
@@ -43,18 +38,16 @@ void Form2::RunChosenLevel() {
                     std::string("Choose a File..."));
       return;
     }
-    // An ini file of the user's own goes with the maximum detail user settings.
     iniPath = Text1.Text();
-    userIniPath = mdlBenchmark::UserIniPath("\\Benchmark\\Stuff\\MaxDetailUser.ini");
-  } else if (Option4.Value()) {
-    iniPath = mdlBenchmark::IniPath("\\Custom_MinDetail.ini");
-    userIniPath = mdlBenchmark::UserIniPath("\\Benchmark\\Stuff\\MinDetailUser.ini");
+    userIniPath = mdlBenchmark::UserIniPath(catalogue::kOwnIniUserIni);
   } else {
-    iniPath = mdlBenchmark::IniPath("\\Custom_MaxDetail.ini");
-    userIniPath = mdlBenchmark::UserIniPath("\\Benchmark\\Stuff\\MaxDetailUser.ini");
+    const catalogue::Detail& detail = Option4.Value() ? catalogue::kMinDetail : catalogue::kMaxDetail;
+    iniPath = mdlBenchmark::IniPath(detail.ini);
+    userIniPath = mdlBenchmark::UserIniPath(detail.userIni);
   }
   const std::string level = LevelOf(Combo1.Text());
-  mdlBenchmark::RunAtEachResolution({{level, WithSignPlace(SecondsOf(level))}}, soundSwitch,
-                                    iniPath, userIniPath);
+  mdlBenchmark::RunAtEachResolution(
+      {{level, WithSignPlace(static_cast<std::int16_t>(catalogue::FlybySeconds(level)))}},
+      soundSwitch, iniPath, userIniPath);
   mdlBenchmark::FinishRun(1, nullptr);
 }

@@ -15,9 +15,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <regex>
 #include <set>
 
+#include "launch/arguments.h"  // the usage that the program's boxes show
 #include "ui.h"
+#include "windows/Form1_layout.h"  // the main window's tables, which its look must follow
 
 #include <commctrl.h>  // after <windows.h>, which ui.h includes
 #include <tlhelp32.h>
@@ -56,7 +59,8 @@ const std::vector<std::pair<std::string, std::size_t>> kKeys = {
     {"install", 1}, {"procedure", 1}, {"fault", 1}, {"program", 1}, {"picture", 1}, {"opened", 1},
     {"clicks", 0}, {"tests", 0}, {"delete", 1}, {"write", 2}, {"move", 2}, {"folder", 2},
     {"immutable", 1}, {"copy", 2}, {"drive", 2}, {"start box", 3}, {"run box", 3}, {"check", 2},
-    {"look", 0}, {"tip", 2}, {"type", 1}};
+    {"look", 0}, {"tip", 2}, {"type", 1}, {"arguments", 1}, {"exit", 0}, {"document", 1}, {"same", 2},
+    {"registry", 3}};
 
 // The position of a value among those allowed where it stands.
 int Choose(const std::string& value, std::initializer_list<const char*> choices) {
@@ -86,7 +90,8 @@ std::string Unescape(const std::string& text) {
 std::string Expand(std::string text, const std::string& program) {
   const std::pair<std::string, std::string> placeholders[] = {
       {"{program}", ui::kProgramFolder}, {"{full}", ui::kFullGame}, {"{demo}", ui::kDemoGame},
-      {"{results}", program + "\\results.html"}, {"{title}", ui::kTitle}};
+      {"{results}", program + "\\results.html"}, {"{title}", ui::kTitle},
+      {"{kept}", "C:\\Kept R\xE9sum\xE9s Gr\xF6\xDF" "e"}, {"{usage}", std::string("\n\n") + arguments::kUsage}};
   for (const auto& [name, value] : placeholders) {
     for (std::size_t at; (at = text.find(name)) != std::string::npos;) text.replace(at, name.size(), value);
   }
@@ -141,11 +146,28 @@ std::string Env(const char* name) { return std::getenv(name) ? std::getenv(name)
        (w != want.end() ? *w : "<end>") + "\n  actual:   " + (g != got.end() ? *g : "<end>"));
 }
 
+// A name with a * in one of its parts takes there the first name that matches, if any.
+std::string Found(const std::string& path) {
+  const std::size_t star = path.find('*'), end = std::min(path.find('\\', star), path.size());
+  WIN32_FIND_DATAW found;
+  HANDLE search = star == std::string::npos ? INVALID_HANDLE_VALUE : ::FindFirstFileW(ui::Wide(path.substr(0, end)).c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return path;
+  ::FindClose(search);
+  const std::wstring name = found.cFileName;
+  return path.substr(0, path.rfind('\\', star) + 1) + std::string(name.begin(), name.end()) + path.substr(end);
+}
+
+// Kept reports and their index carry the time of each run: the times compare as placeholders.
+std::string Timeless(const std::string& text) {
+  const std::regex stamp(R"(\d{8}-\d{6})"), time(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d)");
+  return std::regex_replace(std::regex_replace(text, time, "YYYY-MM-DD hh:mm:ss"), stamp, "YYYYMMDD-hhmmss");
+}
+
 // The file must hold exactly the bytes of the expected file of that name; "<missing>" stands
 // for a file that must not exist.
 void ExpectFile(const std::string& path, const std::string& expectedName) {
   const std::string expectedPath = Env("KELVARNITE_E2E_GOLDEN") + "\\" + expectedName;
-  const std::string actual = ui::ReadBytes(path).value_or("<missing>");
+  const std::string actual = Timeless(ui::ReadBytes(Found(path)).value_or("<missing>"));
   if (Env("KELVARNITE_E2E_UPDATE") == "1") return ui::WriteBytes(expectedPath, actual);
   const std::optional<std::string> expected = ui::ReadBytes(expectedPath);
   if (!expected) Fail("no expected file " + expectedName);
@@ -171,7 +193,7 @@ void AwaitOpened(const std::string& path) {
     if (HWND box = ui::FindTop(L"#32770", "")) Fail("a box stands in the way: " + ui::TextOf(::GetDlgItem(box, ui::kBoxText)));
     return (opened = Opened()).size() > openedSoFar;
   });
-  if (opened[openedSoFar] != path) Fail("the shell opened " + opened[openedSoFar] + ", not " + path);
+  if (Timeless(opened[openedSoFar]) != path) Fail("the shell opened " + opened[openedSoFar] + ", not " + path);
   ++openedSoFar;
 }
 // Once the program has ended, an opener it started is running or has written its line.
@@ -221,9 +243,27 @@ GUITHREADINFO ThreadOf(HWND window) {
   return info;
 }
 
+// What the main window's tables declare that it shows: the fixed border of their kind, which
+// has a title bar and a close button alone, then each entry of the menu bar with its command.
+Fields Declared(const std::string& title) {
+  using form1_layout::kMenus, form1_layout::kWindow;
+  if (title != kWindow.caption) return {};
+  Fields words{kWindow.border == forms::BorderStyle::FixedDialog ? "dialog frame" : "single border", "title bar",
+               "close button"};
+  for (const forms::MenuArgs& entry : kMenus) {
+    const auto parent = std::find_if(std::begin(kMenus), std::end(kMenus), [&](const forms::MenuArgs& m) {
+      return entry.parent && std::string(m.name) == entry.parent;
+    });
+    if (entry.command != 0)
+      words.push_back((parent != std::end(kMenus) ? std::string(parent->caption) + " > " : "") + entry.caption +
+                      " = " + std::to_string(entry.command));
+  }
+  return words;
+}
+
 // The frame and title bar buttons its styles give a window, then the entries a user can choose
-// in its menu bar and in its system menu, opened from the keyboard: against the scenario's
-// "look" of that title.
+// in its menu bar and in its system menu, opened from the keyboard: against what its tables
+// declare, followed by the scenario's "look" of that title.
 void Look(const Scenario& s, HWND window) {
   const std::string title = ui::TextOf(window);
   const LONG style = ::GetWindowLongW(window, GWL_STYLE), ex = ::GetWindowLongW(window, GWL_EXSTYLE);
@@ -246,7 +286,10 @@ void Look(const Scenario& s, HWND window) {
     for (const std::string& entry : ui::Probe(window)) seen.push_back(entry);
     ui::Host("xdotool key Escape Escape");  // the first closes the menu, the second leaves its title
     ui::AwaitTrue("the system menu to close", [&] { return !inMenu(); }, 5);
-    if (seen != look) Differs("the window \"" + title + "\" differs from its look", look, seen);
+    Fields want = Declared(title);
+    want.insert(want.begin(), title);
+    want.insert(want.end(), look.begin() + 1, look.end());
+    if (seen != want) Differs("the window \"" + title + "\" differs from its look", want, seen);
   }
 }
 
@@ -387,6 +430,23 @@ void About(const Scenario& s) {
   Exit(main);
 }
 
+// Each line of `arguments` starts the program in turn, the first as the scenario's start: each
+// ends by itself with its code of `exit`. Then the documents it handed to the shell, and the
+// files that must be `same`.
+void CommandLine(const Scenario& s) {
+  const std::vector<Fields> lines = s.All("arguments");
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (i > 0) ui::StartProgram(s.Get("program", ui::kProgramFolder) + "\\" + ui::kProgramExe, lines[i][0]);
+    ui::AwaitProgramEnd(240);
+    DWORD code = 0;
+    if (!::GetExitCodeProcess(ui::Program(), &code)) Fail("the program's exit code cannot be read");
+    if (std::to_string(code) != s.List("exit").at(i)) Fail("the exit code is " + std::to_string(code));
+  }
+  for (const Fields& document : s.All("document")) AwaitOpened(document[0]);
+  for (const Fields& pair : s.All("same"))
+    if (!ui::ReadBytes(pair[0]) || ui::ReadBytes(pair[0]) != ui::ReadBytes(pair[1])) Fail(pair[0] + " differs from " + pair[1]);
+}
+
 // Tab round a window once: of each option group the focus lands on the selected button alone,
 // so that a Space there changes nothing, and those buttons are the ones given.
 void TabRound(HWND window, const std::set<std::string>& selected) {
@@ -424,7 +484,7 @@ void Keyboard(const Scenario& s) {
 const std::map<std::string, void (*)(const Scenario&)> kProcedures = {
     {"keyboard", Keyboard},
     {"start-up", [](const Scenario& s) { Exit(StartUp(s)); }}, {"main-window", MainWindowTour},
-    {"tests", Tests}, {"custom-options", CustomOptions}, {"about", About}};
+    {"tests", Tests}, {"custom-options", CustomOptions}, {"about", About}, {"command-line", CommandLine}};
 
 // The prefix holds both games and their keys; a scenario takes away what it does not have,
 // then makes its own changes in the order of the table.
@@ -444,6 +504,8 @@ void Prepare(const Scenario& s) {
     if (verb == "delete") ::DeleteFileW(ui::Wide(f[0]).c_str());
     if (verb == "write") ui::WriteBytes(f[0], f[1]);
     if (verb == "move") ::MoveFileW(ui::Wide(f[0]).c_str(), ui::Wide(f[1]).c_str());
+    if (verb == "registry")  // the machine as the program reads it, HKEY_LOCAL_MACHINE's text values
+      ::RegSetKeyValueA(HKEY_LOCAL_MACHINE, f[0].c_str(), f[1].c_str(), REG_SZ, f[2].c_str(), static_cast<DWORD>(f[2].size() + 1));
     if (verb == "folder") {  // as the program will read it: ANSI bytes of any type
       const DWORD types[] = {REG_SZ, REG_EXPAND_SZ, REG_DWORD};
       ::RegSetKeyValueA(HKEY_LOCAL_MACHINE, kGameKey.c_str(), "Folder",
@@ -458,7 +520,7 @@ int Run(const Scenario& s, bool prepared) {
     if (!prepared) Prepare(s);
     const auto procedure = kProcedures.find(s.Get("procedure"));
     if (procedure == kProcedures.end()) Fail("no procedure \"" + s.Get("procedure") + "\"");
-    ui::StartProgram(s.Get("program", ui::kProgramFolder) + "\\" + ui::kProgramExe);
+    ui::StartProgram(s.Get("program", ui::kProgramFolder) + "\\" + ui::kProgramExe, s.Get("arguments"));
     for (const Fields& box : s.All("start box")) {  // each alone on the screen
       ui::Await("the box", [] { return ui::FindTop(L"#32770", ""); });
       if (ui::FindTop(ui::kFormClass, ui::kTitle)) Fail("the main window shows beside the box");

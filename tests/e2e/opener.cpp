@@ -1,6 +1,7 @@
 // Stands in for the browser and for the system information tool: it records the document the
 // shell hands it, or else its own path, one a line, in opened.txt beside itself. It shows
-// nothing and ends at once. Every path and address of the scenarios is ASCII.
+// nothing and ends at once. A path is written in the ANSI code page, byte for byte as the
+// scenarios hold it.
 #include <windows.h>
 
 #include <cstdio>

@@ -66,14 +66,19 @@ PROCESS_INFORMATION Start(const std::string& line, const std::string& folder = "
   return started;
 }
 
-// Every text the driver reads or writes is ASCII.
+// The way back of Wide, for the texts the driver reads.
 std::string Narrow(const std::wstring& text) { return std::string(text.begin(), text.end()); }
 
 }  // namespace
 
 void Fail(const std::string& why) { throw Failure(why); }
 
-std::wstring Wide(const std::string& text) { return std::wstring(text.begin(), text.end()); }
+// Byte by byte, each its own code point (Latin-1, which Windows-1252 is from 0xA0 on).
+std::wstring Wide(const std::string& text) {
+  std::wstring wide;
+  for (unsigned char c : text) wide += static_cast<wchar_t>(c);
+  return wide;
+}
 
 std::optional<std::string> ReadBytes(const std::string& path) {
   std::ifstream file(std::filesystem::path(Wide(path)), std::ios::binary);
@@ -115,16 +120,17 @@ void AwaitTrue(const std::string& what, const std::function<bool()>& ready, int 
   Await(what, [&] { return ready() ? ::GetDesktopWindow() : nullptr; }, seconds);
 }
 
-void StartProgram(const std::string& exe) {
+void StartProgram(const std::string& exe, const std::string& arguments) {
   endExpected = false;
-  program = Start("\"" + exe + "\"", exe.substr(0, exe.find_last_of('\\')));
+  program = Start("\"" + exe + "\"" + (arguments.empty() ? "" : " " + arguments),
+                  exe.substr(0, exe.find_last_of('\\')));
 }
 
 HANDLE Program() { return program.hProcess; }
 
-void AwaitProgramEnd() {
+void AwaitProgramEnd(int seconds) {
   endExpected = true;
-  if (::WaitForSingleObject(program.hProcess, 20000) != WAIT_OBJECT_0) Fail("the program did not end");
+  if (::WaitForSingleObject(program.hProcess, seconds * 1000) != WAIT_OBJECT_0) Fail("the program did not end");
 }
 
 HWND FindTop(const wchar_t* windowClass, const std::string& title) {

@@ -46,10 +46,10 @@ std::vector<std::string> Lines(const std::string& bytes);
 HWND Await(const std::string& what, const std::function<HWND()>& ready, int seconds = 30);
 void AwaitTrue(const std::string& what, const std::function<bool()>& ready, int seconds = 30);
 
-// The program under test: its process, started from its exe.
-void StartProgram(const std::string& exe);
+// The program under test: its process, started from its exe, with the arguments given.
+void StartProgram(const std::string& exe, const std::string& arguments = "");
 HANDLE Program();
-void AwaitProgramEnd();
+void AwaitProgramEnd(int seconds = 20);
 
 // A visible top-level window of the program by class and title; an empty title matches any.
 HWND FindTop(const wchar_t* windowClass, const std::string& title);

@@ -148,6 +148,11 @@ INSTANTIATE_TEST_SUITE_P(StandIn, StandInFault, testing::ValuesIn(std::vector<St
     {"LongRate", "long-rate", "", "73.534819 / " + std::string(30, '0') + "153.025935 / 205.507604 fps", {944}},
     {"UnknownFaultAndSpeed", "explode", "Speed=fast", kRates, {944}},
     {"HangOfNoSeconds", "hang soon", "", kRates, {944}},
-    {"FaultOfTooManyWords", "crash dm-inferno now", "", kRates, {944}}}), ByName);
+    {"FaultOfTooManyWords", "crash dm-inferno now", "", kRates, {944}},
+    {"CrashOfThisStart", "crash dm-inferno #1", "", "", {}},
+    {"CrashOfAnotherStart", "crash #2", "", kRates, {944}},
+    {"StartThatIsNoNumber", "crash #first", "", kRates, {944}},
+    // The first start's hash, 2654435761, is 19 modulo 101: each rate times (1000 + 19 - 50) / 1000.
+    {"VaryFromTheFile", "", "Vary=5", "71.255239 / 148.282131 / 199.136868 fps", {944}}}), ByName);
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "support/fixture.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -29,19 +30,11 @@ void HeadlessTest::Install(const char* key, const std::string& folder) {
   headless::MakeFolder(folder + "\\Benchmark");
 }
 
-Form1& HeadlessTest::StartProgram() {
-  headless::RunAsEvent([] { forms::Show(forms::Load(std::make_unique<Form1>())); });
-  return MainForm();
-}
-
-void HeadlessTest::Tick(std::initializer_list<int> boxes) {
-  for (int box : boxes) EXPECT_TRUE(headless::Click(*MainForm().Check1[box]));
-}
-
 std::string HeadlessTest::Controls() {
   Form1& f = MainForm();
-  const std::vector<const forms::Control*> controls = {f.Check1[0], f.Check1[1], f.Check1[2], f.Check1[3], f.Check1[4],
-      &f.Command1, &f.Command2, &f.Command3, &f.Command4, nullptr, &f.Option1, &f.Option2, &f.Option3, &f.Option4};
+  std::vector<const forms::Control*> controls(std::begin(f.Check1), std::end(f.Check1));
+  controls.insert(controls.end(), {&f.Command1, &f.Command2, &f.Command3, &f.Command4, nullptr, &f.Option1,
+                                   &f.Option2, &f.Option3, &f.Option4});
   std::string enabled;
   for (const forms::Control* c : controls) enabled += c == nullptr ? ' ' : c->Enabled() ? '1' : '0';
   return enabled;
@@ -51,6 +44,11 @@ std::string Golden(const std::string& name) {
   std::ifstream in(std::filesystem::path(KELVARNITE_GOLDEN_DIR) / name, std::ios::binary);
   EXPECT_TRUE(in) << "no golden file " << name;
   return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+void ExpectGolden(const std::string& actual, const std::string& name) {
+  if (std::getenv("KELVARNITE_GOLDEN_UPDATE")) std::ofstream(std::filesystem::path(KELVARNITE_GOLDEN_DIR) / name, std::ios::binary) << actual;
+  EXPECT_EQ(actual, Golden(name)) << "the expected file " << name;
 }
 
 std::string GoldenPart(const std::string& file, const std::string& from, const std::string& to) {

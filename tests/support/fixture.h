@@ -37,6 +37,9 @@ inline const headless::Box kPleaseInstall = {"Please install UT2003[full version
 
 // An expected file of tests/golden, as bytes.
 std::string Golden(const std::string& name);
+// `actual` against the expected file `name`; with KELVARNITE_GOLDEN_UPDATE set it is written
+// there first, so that `git diff` shows what changed.
+void ExpectGolden(const std::string& actual, const std::string& name);
 // The part of a golden file after the first `from`, up to the line end before the next `to`.
 std::string GoldenPart(const std::string& file, const std::string& from, const std::string& to);
 
@@ -52,10 +55,10 @@ struct HeadlessTest : ::testing::Test {
   static void InstallFull(const std::string& folder = kFullPath) { Install(kFullKey, folder); }
   static void InstallDemo(const std::string& folder = kDemoPath) { Install(kDemoKey, folder); }
   // Starts the program as its entry does, up to the event loop, and gives the main window.
-  static Form1& StartProgram();
-  static void Tick(std::initializer_list<int> boxes);
-  // Whether the controls of the main window are enabled, as 1 or 0: the nine run controls
-  // (the five boxes, then the four buttons), a blank, and the four option buttons.
+  static Form1& StartProgram() { headless::RunAsEvent([] { forms::Show(forms::Load(std::make_unique<Form1>())); }); return MainForm(); }
+  static void Tick(std::initializer_list<int> boxes) { for (int box : boxes) EXPECT_TRUE(headless::Click(*MainForm().Check1[box])); }
+  // Whether the controls of the main window are enabled, as 1 or 0: the run controls (the
+  // resolution boxes, then the four buttons), a blank, and the four option buttons.
   static std::string Controls();
   // The window the "Custom Test" button shows, or null.
   static Form2* CustomWindow() { return static_cast<Form2*>(forms::FindOpen(Form2::kName)); }

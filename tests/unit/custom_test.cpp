@@ -22,7 +22,7 @@ TEST_P(Choices, ShapeTheLine) {
   headless::Click(custom.Command2);
   std::string lines;
   for (const headless::Start& start : headless::Starts()) lines += start.commandLine + "\n";
-  EXPECT_EQ(lines, Golden(golden));
+  ExpectGolden(lines, golden);
   EXPECT_EQ(CustomWindow(), &custom);  // it stays open with its choices
 }
 INSTANTIATE_TEST_SUITE_P(CustomTest, Choices, testing::ValuesIn(std::vector<Choices::ParamType>{

@@ -5,6 +5,8 @@
 namespace forms {
 namespace {
 
+std::string* boxLog = nullptr;  // see LogBoxes
+
 // Owned here: the open windows, and those closed during the current event.
 std::vector<std::unique_ptr<Window>>& OpenList() {
   static std::vector<std::unique_ptr<Window>> list;
@@ -141,8 +143,13 @@ Window* FindOpen(const std::string& name) {
   return nullptr;
 }
 
+void LogBoxes(std::string* log) { boxLog = log; }
+
 int MsgBox(const std::string& prompt, int buttons, const std::optional<std::string>& title) {
-  return platform::MessageBoxA(prompt, title ? *title : platform::ApplicationTitle(), buttons);
+  const std::string caption = title ? *title : platform::ApplicationTitle();
+  if (boxLog == nullptr) return platform::MessageBoxA(prompt, caption, buttons);
+  *boxLog += platform::LocalTime() + "  " + caption + "\r\n" + prompt + "\r\n\r\n";
+  return 1;  // OK
 }
 
 }  // namespace forms

@@ -19,30 +19,6 @@
 
 namespace forms {
 
-enum class BorderStyle { FixedSingle, FixedDialog };
-
-struct WindowArgs {
-  const char* name;
-  const char* caption = "";
-  int clientWidth = 0, clientHeight = 0;  // twips
-  BorderStyle border = BorderStyle::FixedSingle;
-  bool hasMenu = false;
-  // Where the corner of the client area lies on the screen, in twips; none: the platform places it.
-  std::optional<int> left = std::nullopt, top = std::nullopt;
-  // The command buttons that the Enter and the Esc key press; none: the keys press nothing.
-  const char* defaultButton = nullptr;
-  const char* cancelButton = nullptr;
-};
-
-// One entry of a window's menu; a null parent puts it on the menu bar. A command carries the
-// id that the platform's menu sends for it.
-struct MenuArgs {
-  const char* name;
-  const char* caption;  // "&" marks the access key
-  const char* parent = nullptr;
-  int command = 0;
-};
-
 struct MenuItem {
   MenuArgs args;
   std::function<void()> Click;
@@ -135,5 +111,9 @@ W& ShowWindow() {
 // A modal message box. Without a title of its own it carries the application's title.
 int MsgBox(const std::string& prompt, int buttons = platform::kMbOk,
            const std::optional<std::string>& title = std::nullopt);
+// While a log is given (null: none), no box waits for a person: each is appended to the log,
+// with the time, its title and its text, and answered with OK, which every box of the program
+// offers.
+void LogBoxes(std::string* log);
 
 }  // namespace forms

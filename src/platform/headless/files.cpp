@@ -113,4 +113,29 @@ bool NormalFileExists(const std::string& path) {
   return fs::is_regular_file(host, ec) && headless::M().hidden.count(host.string()) == 0;
 }
 
+bool CreateFolder(const std::string& path, std::string* reason) {
+  std::error_code ec;
+  const fs::path host = headless::HostPath(path);
+  // A parent that is a file, or one that refuses to be written, stops it as on Windows.
+  for (fs::path at = host; !at.empty() && at != M().root; at = at.parent_path()) {
+    if (fs::exists(at, ec) && !fs::is_directory(at, ec)) {
+      *reason = "Path not found";
+      return false;
+    }
+    if (M().readOnly.count(at.string())) {
+      *reason = "Permission denied";
+      return false;
+    }
+  }
+  fs::create_directories(host, ec);
+  return true;
+}
+
+bool MoveFileOver(const std::string& from, const std::string& to, std::string* reason) {
+  std::error_code ec;
+  fs::rename(headless::HostPath(from), headless::HostPath(to), ec);
+  if (ec) *reason = "Permission denied";
+  return !ec;
+}
+
 }  // namespace platform

@@ -43,6 +43,10 @@ void SetProgramFolder(const std::string& windowsPath);
 // and friends below catch; every window is gone then.
 struct ProcessExit {};
 bool ProcessEnded();
+int ExitCode();
+// The line the program is started with, and the time the clock shows from then on.
+void SetCommandLine(const std::string& line);
+void SetLocalTime(const std::string& time);
 
 // ---- The game stand-in ---------------------------------------------------------------------
 // What the game does at one start. A start whose program file does not exist fails with 53.

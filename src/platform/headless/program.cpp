@@ -30,6 +30,12 @@ void SetProgramFolder(const std::string& windowsPath) {
 
 bool ProcessEnded() { return M().ended; }
 
+int ExitCode() { return M().exitCode; }
+
+void SetCommandLine(const std::string& line) { M().commandLine = line; }
+
+void SetLocalTime(const std::string& time) { M().localTime = time; }
+
 }  // namespace headless
 
 namespace platform {
@@ -41,9 +47,14 @@ Version ApplicationVersion() {
   return {KELVARNITE_VERSION_MAJOR, KELVARNITE_VERSION_MINOR, KELVARNITE_VERSION_PATCH};
 }
 
-void EndProcess() {
+std::string CommandLine() { return M().commandLine; }
+
+void EndProcess(int exitCode) {
   M().ended = true;
+  M().exitCode = exitCode;
   throw headless::ProcessExit{};
 }
+
+std::string LocalTime() { return M().localTime; }
 
 }  // namespace platform

@@ -12,6 +12,9 @@ struct Machine {
   std::filesystem::path root;
   std::string programFolder = "C:\\Bench";
   bool ended = false;
+  int exitCode = 0;
+  std::string commandLine = "\"C:\\Bench\\KelvarniteUT2k3Benchmark.exe\" ";
+  std::string localTime = "2026-11-25 20:01:03";
   std::set<std::string> readOnly, locked, hidden;  // host paths
   std::deque<GameRun> gameRuns;
   std::vector<Start> starts;

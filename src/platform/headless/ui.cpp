@@ -129,4 +129,6 @@ void UpdateNativeControl(forms::Control&) {}
 
 int RunEventLoop() { return 0; }
 
+void PaintWindows() {}
+
 }  // namespace platform

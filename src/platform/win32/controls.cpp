@@ -1,5 +1,6 @@
 // The native controls of a form, one standard control for each control of its table. What
-// differs between the types of control is told once, in one table.
+// differs between the types of control is told once: how each looks in kLooks (looks.h), how it
+// shows its state and takes the user's input in kKinds here.
 #include <iterator>
 #include <memory>
 
@@ -137,33 +138,25 @@ void ShowPicture(HWND hwnd, forms::Control& control, FormState& owner, int width
   ::SetWindowPos(hwnd, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// How a type of control is made, shown and told of the user's input.
+// How a type of control is shown and told of the user's input; how it looks is in kLooks.
 struct Kind {
-  const char* className;  // null: drawn by the window itself
-  DWORD style, exStyle;
-  bool focusable;
-  int layer;  // 0 over the others; 1 and 2 beneath them, 2 lowest (a background)
   void (*show)(forms::Control&, HWND);
   int notification;  // what carries the user's input, to `input`
   void (*input)(forms::Control&, HWND);
   void (*made)(HWND, forms::Control&, FormState&, int width, int height);
 };
 
-// In the order of forms::ControlType. Frames and labels lie beneath every other control, as
-// backgrounds do, so that a control over one stays visible; neither takes the focus, so the
-// tab order of the others is the table's. A label and a picture box notify, so that a tool tip
-// sees the pointer over them. Option buttons are not automatic: the forms layer decides the
-// selection, and the buttons follow it.
+// In the order of forms::ControlType, as kLooks.
 constexpr Kind kKinds[] = {
-    {"BUTTON", BS_GROUPBOX, 0, false, 2, ShowCaption, -1, nullptr, nullptr},
-    {"BUTTON", BS_AUTOCHECKBOX, 0, true, 0, ShowCheckBox, BN_CLICKED, ClickCheckBox, nullptr},
-    {"BUTTON", BS_RADIOBUTTON, 0, true, 0, ShowOptionButton, BN_CLICKED, ClickOptionButton, nullptr},
-    {"BUTTON", BS_PUSHBUTTON, 0, true, 0, ShowCaption, BN_CLICKED, Click, nullptr},
-    {"EDIT", ES_LEFT | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, true, 0, ShowText, EN_CHANGE, TypeText, nullptr},
-    {"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL, 0, true, 0, ShowList, CBN_SELCHANGE, Select, FitList},
-    {"STATIC", SS_LEFT | SS_NOTIFY, 0, false, 1, ShowCaption, -1, nullptr, nullptr},
-    {"STATIC", SS_NOTIFY, 0, false, 0, ShowCaption, STN_CLICKED, Click, ShowPicture},
-    {nullptr, 0, 0, false, 0, nullptr, -1, nullptr, nullptr},
+    {ShowCaption, -1, nullptr, nullptr},
+    {ShowCheckBox, BN_CLICKED, ClickCheckBox, nullptr},
+    {ShowOptionButton, BN_CLICKED, ClickOptionButton, nullptr},
+    {ShowCaption, BN_CLICKED, Click, nullptr},
+    {ShowText, EN_CHANGE, TypeText, nullptr},
+    {ShowList, CBN_SELCHANGE, Select, FitList},
+    {ShowCaption, -1, nullptr, nullptr},
+    {ShowCaption, STN_CLICKED, Click, ShowPicture},
+    {nullptr, -1, nullptr, nullptr},
 };
 static_assert(std::size(kKinds) == static_cast<std::size_t>(forms::ControlType::Line) + 1);
 
@@ -183,8 +176,8 @@ bool StartsGroup(const std::vector<std::unique_ptr<forms::Control>>& controls, s
 void CreateControl(HWND parent, FormState& state, std::size_t i, int dpi) {
   const auto& controls = state.window->Controls();
   forms::Control& control = *controls[i];
-  const Kind& kind = KindOf(control);
-  if (kind.className == nullptr) return;
+  const Look& look = LookOf(control.Type());
+  if (look.className == nullptr) return;
   // Controls inside a frame are placed from the frame's corner, but are children of the
   // window itself: a group box is only a picture and must not take their messages.
   int left = control.Left(), top = control.Top();
@@ -192,23 +185,18 @@ void CreateControl(HWND parent, FormState& state, std::size_t i, int dpi) {
     left += box->Left();
     top += box->Top();
   }
-  DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | kind.style;
-  if (kind.focusable) style |= WS_TABSTOP;
-  if (StartsGroup(controls, i)) style |= WS_GROUP;
-  if (!control.Enabled()) style |= WS_DISABLED;
-  const DWORD exStyle = kind.exStyle | ((control.Flags() & forms::kBorder) != 0 ? WS_EX_CLIENTEDGE : 0);
   const char* defaultButton = control.Parent().Args().defaultButton;
-  if (defaultButton != nullptr && control.Name() == defaultButton) {
-    style = (style & ~static_cast<DWORD>(BS_PUSHBUTTON)) | BS_DEFPUSHBUTTON;
-  }
+  const DWORD style = ControlStyle(control.Type(), StartsGroup(controls, i), control.Enabled(),
+                                   defaultButton != nullptr && control.Name() == defaultButton);
   const int width = Pixels(control.Width(), dpi), height = Pixels(control.Height(), dpi);
   HWND hwnd = ::CreateWindowExA(
-      exStyle, kind.className, control.Caption().c_str(), style,
-      Pixels(left, dpi), Pixels(top, dpi), width, height, parent,
+      ControlExStyle(control.Type(), control.Flags()), look.className, control.Caption().c_str(),
+      style, Pixels(left, dpi), Pixels(top, dpi), width, height, parent,
       reinterpret_cast<HMENU>(static_cast<INT_PTR>(kFirstControlId + static_cast<int>(i))),
       Instance(), nullptr);
   if (hwnd == nullptr) return;
   ::SendMessageA(hwnd, WM_SETFONT, reinterpret_cast<WPARAM>(ControlFont(control.Flags(), dpi)), FALSE);
+  const Kind& kind = KindOf(control);
   if (kind.made != nullptr) kind.made(hwnd, control, state, width, height);
   control.peer = FromHwnd(hwnd);
   platform::UpdateNativeControl(control);
@@ -223,7 +211,7 @@ void CreateControls(HWND hwnd, FormState& state, int dpi) {
   const auto& controls = state.window->Controls();
   for (int layer : {0, 1, 2}) {
     for (std::size_t i = 0; i < controls.size(); ++i) {
-      if (KindOf(*controls[i]).layer == layer) CreateControl(hwnd, state, i, dpi);
+      if (LookOf(controls[i]->Type()).layer == layer) CreateControl(hwnd, state, i, dpi);
     }
   }
 }

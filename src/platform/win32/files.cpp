@@ -66,4 +66,27 @@ bool NormalFileExists(const std::string& path) {
          (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM)) == 0;
 }
 
+bool CreateFolder(const std::string& path, std::string* reason) {
+  // The parents first, from the top; a drive or a parent that exists simply fails.
+  for (std::size_t slash = path.find('\\'); slash != std::string::npos; slash = path.find('\\', slash + 1)) {
+    ::CreateDirectoryA(path.substr(0, slash).c_str(), nullptr);
+  }
+  if (::CreateDirectoryA(path.c_str(), nullptr)) return true;
+  const DWORD error = ::GetLastError();
+  const DWORD attributes = ::GetFileAttributesA(path.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return true;
+  return Fail(reason, error);
+}
+
+bool MoveFileOver(const std::string& from, const std::string& to, std::string* reason) {
+  // In one step where the system can: Windows 98 and ME have MoveFileExA only as a stub that
+  // fails, so there the old file goes first, and for that moment only the new one exists.
+  static const auto moveFileEx =
+      win32::LateBound<decltype(&::MoveFileExA)>("kernel32.dll", "MoveFileExA");
+  if (moveFileEx != nullptr && moveFileEx(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING)) return true;
+  ::DeleteFileA(to.c_str());
+  if (::MoveFileA(from.c_str(), to.c_str())) return true;
+  return Fail(reason, ::GetLastError());
+}
+
 }  // namespace platform

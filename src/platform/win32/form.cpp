@@ -11,18 +11,6 @@ namespace {
 
 constexpr char kClassName[] = "KelvarniteForm";
 
-struct WindowStyle {
-  DWORD style, exStyle;
-};
-
-// Neither border can be resized, and neither has a minimise or maximise button.
-WindowStyle StyleOf(const forms::WindowArgs& args) {
-  if (args.border == forms::BorderStyle::FixedDialog) {
-    return {WS_POPUP | WS_CAPTION | WS_SYSMENU, WS_EX_DLGMODALFRAME};
-  }
-  return {WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_BORDER, 0};
-}
-
 LRESULT CALLBACK FormProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 
 ATOM FormClass() {
@@ -41,21 +29,6 @@ ATOM FormClass() {
     return ::RegisterClassExA(&windowClass);
   }();
   return atom;
-}
-
-// Makes the client area exactly width by height pixels, where the frame's size missed it: a
-// menu bar that wraps onto a second line is only known once the window has its width.
-void FitClientArea(HWND hwnd, int width, int height) {
-  RECT client{};
-  ::GetClientRect(hwnd, &client);
-  int extraWidth = width - (client.right - client.left);
-  int extraHeight = height - (client.bottom - client.top);
-  if (extraWidth != 0 || extraHeight != 0) {
-    RECT outer{};
-    ::GetWindowRect(hwnd, &outer);
-    ::SetWindowPos(hwnd, nullptr, 0, 0, outer.right - outer.left + extraWidth,
-                   outer.bottom - outer.top + extraHeight, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  }
 }
 
 // The first control that the Tab key can reach, in tab order.
@@ -157,7 +130,7 @@ namespace platform {
 
 WindowHandle CreateNativeWindow(forms::Window& window) {
   const forms::WindowArgs& args = window.Args();
-  const win32::WindowStyle style = win32::StyleOf(args);
+  const win32::WindowStyle style = win32::StyleOf(args.border);
   // Made at its size and with its menu at once: each change of a window costs its time.
   HMENU menu = args.hasMenu && !window.Menus().empty() ? win32::BuildMenuBar(window) : nullptr;
   const int screenDpi = win32::DpiOf(nullptr);
@@ -234,6 +207,11 @@ int RunEventLoop() {
     forms::CollectClosed();
   }
   return static_cast<int>(message.wParam);
+}
+
+void PaintWindows() {
+  MSG message;
+  while (::PeekMessageA(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) ::DispatchMessageA(&message);
 }
 
 }  // namespace platform

@@ -9,16 +9,11 @@
 #include <vector>
 
 #include "platform/forms/window.h"
+#include "platform/win32/looks.h"
 #include "platform/win32/pictures.h"
 #include "platform/win32/win32.h"
 
 namespace win32 {
-
-// Menu entries without a command of their own and controls get ids of their own ranges. Both
-// stay clear of IDOK and IDCANCEL, which the dialog manager sends for Enter and Esc and the
-// window procedure hands to the form.
-constexpr int kFirstMenuId = 100;
-constexpr int kFirstControlId = 1000;
 
 // The tool tips of a form's controls. The tip window, and the common controls behind it, are
 // made when the pointer first comes to a control that has a tip: most uses of the program
@@ -53,7 +48,6 @@ HWND TopLevelOf(HWND hwnd);
 
 // ---- Metrics: dots per inch, twips, fonts and colours ----------------------------------------
 int DpiOf(HWND hwnd);
-inline int Pixels(int twips, int dpi) { return ::MulDiv(twips, dpi, 1440); }  // 1440 to the inch
 HFONT ControlFont(int flags, int dpi);
 inline COLORREF ColorRefOf(std::int32_t c) { return RGB((c >> 16) & 0xFF, (c >> 8) & 0xFF, c & 0xFF); }
 std::string WindowText(HWND hwnd);

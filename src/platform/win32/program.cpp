@@ -45,8 +45,21 @@ Version ApplicationVersion() {
           static_cast<int>(HIWORD(info.dwFileVersionLS))};
 }
 
-void EndProcess() {
-  ::ExitProcess(0);
+std::string CommandLine() { return ::GetCommandLineA(); }
+
+void EndProcess(int exitCode) { ::ExitProcess(static_cast<UINT>(exitCode)); }
+
+std::string LocalTime() {
+  SYSTEMTIME now;
+  ::GetLocalTime(&now);
+  std::string text = "0000-00-00 00:00:00";
+  const WORD parts[] = {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+  // Each part ends where its field ends, and is written from its last digit backwards.
+  const int ends[] = {3, 6, 9, 12, 15, 18};
+  for (int i = 0; i < 6; ++i) {
+    for (int at = ends[i], number = parts[i]; number > 0; --at, number /= 10) text[at] = static_cast<char>('0' + number % 10);
+  }
+  return text;
 }
 
 }  // namespace platform
