@@ -386,7 +386,7 @@ int SuiteAgainstLoop(int runs) {
     Start(kProgram);
     return 0;
   });
-  HWND main = ui::AwaitTop(ui::kFormClass, ui::kTitle);
+  HWND main = ui::AwaitTop(ui::kFormClass, ui::kTitle, 30);
   ui::Click(main, "Full");
   ui::Click(main, "Direct3D");
   for (const char* resolution : catalogue::kResolutions) ui::Click(main, resolution);

@@ -3,7 +3,8 @@
 # did. Packages come from Debian's archive only (the browser tests' modules from npm).
 #
 #   tools/install-deps.sh demo   the cross compilers, CMake, Wine with its 32-bit half, Xvfb
-#   tools/install-deps.sh test   that, and the unit test, fuzzing and browser test tools
+#   tools/install-deps.sh test   that, and the unit test, fuzzing and browser test tools, and
+#                                xdotool, the end-to-end tests' keyboard and pointer
 #
 # 32-bit Wine (wine32:i386) runs the release, a 32-bit program, in a 64-bit prefix. It comes
 # through the i386 architecture. Where the i386 index of the security suite cannot be had (a
@@ -15,7 +16,7 @@ set -euo pipefail
 
 need=${1:-test}
 demo_packages=(cmake ninja-build g++ mingw-w64 wine wine64 xvfb imagemagick unzip python3)
-test_packages=(libgtest-dev libbenchmark-dev clang libclang-rt-14-dev chromium nodejs npm shellcheck)
+test_packages=(libgtest-dev libbenchmark-dev clang libclang-rt-14-dev chromium nodejs npm shellcheck xdotool)
 packages=("${demo_packages[@]}")
 [[ $need == demo ]] || packages+=("${test_packages[@]}")
 

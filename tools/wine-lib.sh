@@ -59,9 +59,9 @@ import_keys() {
 # make_prefix <folder> <program folder> <game folder> [options]
 #   the program folder is the release as unpacked from its zip; the game folder is the
 #   stand-in's, laid out twice, as the full game and as the demo
-#   --driver <folder>   copy driver.exe, opener.exe and the scenario table from there into
-#                       DRIVER_FOLDER and let the opener take .html files and web addresses and
-#                       stand in for the system information tool, so that each is recorded
+#   --driver <folder>   copy driver.exe, probe.dll, opener.exe and the scenario table from there
+#                       into DRIVER_FOLDER and let the opener take .html files and web addresses
+#                       and stand in for the system information tool, so that each is recorded
 #   --desktop           a virtual desktop, in which Wine draws title bars and frames itself
 make_prefix() {
   local prefix=$1 program=$2 game=$3 driver='' desktop=0
@@ -100,7 +100,7 @@ make_prefix() {
 " shared_keys=''
   if [[ -n $driver ]]; then
     mkdir -p "$(drive_c "$DRIVER_FOLDER")"
-    cp "$driver"/driver.exe "$driver"/opener.exe "$driver"/scenarios.txt "$(drive_c "$DRIVER_FOLDER")"
+    cp "$driver"/{driver.exe,probe.dll,opener.exe,scenarios.txt} "$(drive_c "$DRIVER_FOLDER")"
     local opener class
     opener=$(reg_text "$DRIVER_FOLDER\\opener.exe")
     game_keys+="[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Shared Tools\\MSINFO]

@@ -9,8 +9,8 @@
 //   driver run <name> [prepared]  sets it up unless that is done, drives it and checks the result
 //
 // KELVARNITE_E2E_GOLDEN is the folder of the expected files; with KELVARNITE_E2E_UPDATE=1 the
-// files found are written there instead. Where KELVARNITE_E2E_SHOTS names a folder, the
-// scenarios leave pictures of the windows in it.
+// files found are written there instead. Where KELVARNITE_E2E_SHOTS names a folder of the host,
+// the scenarios leave pictures of the windows in it.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -20,6 +20,7 @@
 
 #include "launch/arguments.h"  // the usage that the program's boxes show
 #include "ui.h"
+#include "windows/Form1_layout.h"  // the main window's tables, which its look must follow
 
 #include <commctrl.h>  // after <windows.h>, which ui.h includes
 #include <tlhelp32.h>
@@ -58,7 +59,8 @@ const std::vector<std::pair<std::string, std::size_t>> kKeys = {
     {"install", 1}, {"procedure", 1}, {"fault", 1}, {"program", 1}, {"picture", 1}, {"opened", 1},
     {"clicks", 0}, {"tests", 0}, {"delete", 1}, {"write", 2}, {"move", 2}, {"folder", 2},
     {"immutable", 1}, {"copy", 2}, {"drive", 2}, {"start box", 3}, {"run box", 3}, {"check", 2},
-    {"arguments", 1}, {"exit", 0}, {"document", 1}, {"same", 2}, {"registry", 3}};
+    {"look", 0}, {"tip", 2}, {"type", 1}, {"arguments", 1}, {"exit", 0}, {"document", 1}, {"same", 2},
+    {"registry", 3}};
 
 // The position of a value among those allowed where it stands.
 int Choose(const std::string& value, std::initializer_list<const char*> choices) {
@@ -137,6 +139,13 @@ std::vector<Scenario> Scenarios() {
 
 std::string Env(const char* name) { return std::getenv(name) ? std::getenv(name) : ""; }
 
+// Fails, naming the first line where what was found differs from what was expected.
+[[noreturn]] void Differs(const std::string& what, const Fields& want, const Fields& got) {
+  const auto [w, g] = std::mismatch(want.begin(), want.end(), got.begin(), got.end());
+  Fail(what + " at line " + std::to_string(w - want.begin() + 1) + ":\n  expected: " +
+       (w != want.end() ? *w : "<end>") + "\n  actual:   " + (g != got.end() ? *g : "<end>"));
+}
+
 // A name with a * in one of its parts takes there the first name that matches, if any.
 std::string Found(const std::string& path) {
   const std::size_t star = path.find('*'), end = std::min(path.find('\\', star), path.size());
@@ -162,12 +171,7 @@ void ExpectFile(const std::string& path, const std::string& expectedName) {
   if (Env("KELVARNITE_E2E_UPDATE") == "1") return ui::WriteBytes(expectedPath, actual);
   const std::optional<std::string> expected = ui::ReadBytes(expectedPath);
   if (!expected) Fail("no expected file " + expectedName);
-  if (actual == *expected) return;
-  const auto want = ui::Lines(*expected), got = ui::Lines(actual);
-  const auto [w, g] = std::mismatch(want.begin(), want.end(), got.begin(), got.end());
-  Fail(path + " differs from " + expectedName + " at line " + std::to_string(w - want.begin() + 1) +
-       ":\n  expected: " + (w != want.end() ? *w : "<end>") +
-       "\n  actual:   " + (g != got.end() ? *g : "<end>"));
+  if (actual != *expected) Differs(path + " differs from " + expectedName, ui::Lines(*expected), ui::Lines(actual));
 }
 
 // The checks of the table, in order: a report as soon as it is opened, since the next test
@@ -185,7 +189,10 @@ std::size_t openedSoFar = 0;
 std::vector<std::string> Opened() { return ui::Lines(ui::ReadBytes(ui::kOpened).value_or("")); }
 void AwaitOpened(const std::string& path) {
   std::vector<std::string> opened;
-  ui::AwaitTrue("the shell to open " + path, [&] { return (opened = Opened()).size() > openedSoFar; });
+  ui::AwaitTrue("the shell to open " + path, [&] {
+    if (HWND box = ui::FindTop(L"#32770", "")) Fail("a box stands in the way: " + ui::TextOf(::GetDlgItem(box, ui::kBoxText)));
+    return (opened = Opened()).size() > openedSoFar;
+  });
   if (Timeless(opened[openedSoFar]) != path) Fail("the shell opened " + opened[openedSoFar] + ", not " + path);
   ++openedSoFar;
 }
@@ -204,7 +211,7 @@ bool OpenerRunning() {
 void AnswerBox(const Fields& box) {
   ui::AnswerBox(box[0], box[1], Choose(box[2], {"plain", "critical"}) == 1);
 }
-HWND MainWindow() { return ui::AwaitTop(ui::kFormClass, ui::kTitle); }
+HWND MainWindow() { return ui::AwaitTop(ui::kFormClass, ui::kTitle, 30); }
 HWND CustomWindow() { return ui::AwaitTop(ui::kFormClass, "Custom Options"); }
 int Install(const Scenario& s) { return Choose(s.Get("install"), {"none", "full", "demo", "both"}); }
 
@@ -214,18 +221,103 @@ void Exit(HWND main, UINT message = WM_COMMAND) {
   ui::AwaitProgramEnd();
 }
 
-// Also checks that the window's frames lie beneath all its other controls, so that none covers
-// a control placed in it.
+// A picture of the window as it is on the screen, into the host's folder KELVARNITE_E2E_SHOTS,
+// which the runner compares with the committed one.
 void Shot(const Scenario& s, HWND window) {
-  for (HWND child = ::GetWindow(window, GW_CHILD), frame = nullptr; child; child = ::GetWindow(child, GW_HWNDNEXT)) {
-    char name[16] = "";
-    const bool isFrame = ::GetClassNameA(child, name, sizeof(name)) && std::string(name) == "Button" &&
-                         (::GetWindowLongW(child, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX;
-    if (isFrame) frame = child;
-    else if (frame) Fail("the control \"" + ui::TextOf(child) + "\" lies beneath the frame \"" + ui::TextOf(frame) + "\"");
+  const std::string folder = Env("KELVARNITE_E2E_SHOTS"), file = folder + "/" + s.Get("picture") + ".png";
+  if (folder.empty() || s.Get("picture").empty()) return;
+  RECT r{};
+  ::GetWindowRect(window, &r);
+  ui::Host("import -window root -crop " + std::to_string(r.right - r.left) + "x" + std::to_string(r.bottom - r.top) + "+" +
+           std::to_string(r.left) + "+" + std::to_string(r.top) + " +repage png:" + file + ".new && mv " + file + ".new " + file);
+  ui::AwaitTrue("the picture " + file, [&] { return ui::ReadBytes("Z:" + file).has_value(); });
+}
+
+// ---- The windows as drawn: frames, menus and tool tips ----------------------------------------
+
+// The window's thread: where its focus is, and whether it is in a menu.
+GUITHREADINFO ThreadOf(HWND window) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof(info);
+  ::GetGUIThreadInfo(::GetWindowThreadProcessId(window, nullptr), &info);
+  return info;
+}
+
+// What the main window's tables declare that it shows: the fixed border of their kind, which
+// has a title bar and a close button alone, then each entry of the menu bar with its command.
+Fields Declared(const std::string& title) {
+  using form1_layout::kMenus, form1_layout::kWindow;
+  if (title != kWindow.caption) return {};
+  Fields words{kWindow.border == forms::BorderStyle::FixedDialog ? "dialog frame" : "single border", "title bar",
+               "close button"};
+  for (const forms::MenuArgs& entry : kMenus) {
+    const auto parent = std::find_if(std::begin(kMenus), std::end(kMenus), [&](const forms::MenuArgs& m) {
+      return entry.parent && std::string(m.name) == entry.parent;
+    });
+    if (entry.command != 0)
+      words.push_back((parent != std::end(kMenus) ? std::string(parent->caption) + " > " : "") + entry.caption +
+                      " = " + std::to_string(entry.command));
   }
-  const std::string folder = Env("KELVARNITE_E2E_SHOTS"), name = s.Get("picture");
-  if (!folder.empty() && !name.empty()) ui::SaveScreenshot(window, folder + "\\" + name + ".bmp");
+  return words;
+}
+
+// The frame and title bar buttons its styles give a window, then the entries a user can choose
+// in its menu bar and in its system menu, opened from the keyboard: against what its tables
+// declare, followed by the scenario's "look" of that title.
+void Look(const Scenario& s, HWND window) {
+  const std::string title = ui::TextOf(window);
+  const LONG style = ::GetWindowLongW(window, GWL_STYLE), ex = ::GetWindowLongW(window, GWL_EXSTYLE);
+  const bool sizable = style & WS_THICKFRAME, dialog = ex & WS_EX_DLGMODALFRAME;
+  HWND main = ui::FindTop(ui::kFormClass, ui::kTitle);
+  const std::pair<bool, const char*> words[] = {
+      {sizable, "sizable border"}, {dialog, "dialog frame"}, {!sizable && !dialog && (style & WS_BORDER), "single border"},
+      {(style & WS_CAPTION) == WS_CAPTION, "title bar"}, {style & WS_SYSMENU, "close button"},
+      {style & WS_MINIMIZEBOX, "minimise button"}, {style & WS_MAXIMIZEBOX, "maximise button"},
+      {ex & WS_EX_TOOLWINDOW, "tool window"}, {::GetWindow(window, GW_OWNER), "owned"},
+      {window != main && !::IsWindowEnabled(main), "modal"}};
+  for (const Fields& look : s.All("look")) {
+    if (look[0] != title) continue;
+    Fields seen{title};
+    for (const auto& [has, word] : words)
+      if (has) seen.push_back(word);
+    const auto inMenu = [&] { return (ThreadOf(window).flags & GUI_INMENUMODE) != 0; };
+    ui::Host("xdotool key alt+space");
+    ui::AwaitTrue("the system menu to open", [&] { return inMenu() && ui::FindTop(L"#32768", ""); }, 5);
+    for (const std::string& entry : ui::Probe(window)) seen.push_back(entry);
+    ui::Host("xdotool key Escape Escape");  // the first closes the menu, the second leaves its title
+    ui::AwaitTrue("the system menu to close", [&] { return !inMenu(); }, 5);
+    Fields want = Declared(title);
+    want.insert(want.begin(), title);
+    want.insert(want.end(), look.begin() + 1, look.end());
+    if (seen != want) Differs("the window \"" + title + "\" differs from its look", want, seen);
+  }
+}
+
+// The tip window of a form, which it makes when the pointer first comes to a control with a tip.
+HWND TipOf(HWND window) {
+  HWND tip = nullptr;
+  while ((tip = ::FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) && ::GetWindow(tip, GW_OWNER) != window) {}
+  return tip;
+}
+
+// The logo or the banner.
+HWND Picture(HWND window) {
+  return ui::FindChildWhere(window, [](HWND c) { return ::SendMessageW(c, STM_GETIMAGE, IMAGE_BITMAP, 0) != 0; });
+}
+
+// The real pointer onto each control of the scenario's tips in turn: its tip shows with its text,
+// and goes as the pointer moves away, before the next.
+void ShowTips(const Scenario& s, HWND window) {
+  const auto shown = [&] { HWND tip = TipOf(window); return tip && ::IsWindowVisible(tip) ? tip : nullptr; };
+  for (const Fields& tip : s.All("tip")) {
+    HWND control = tip[0] == "<picture>" ? Picture(window) : ui::FindChild(window, tip[0]);
+    if (!control) Fail("no control \"" + tip[0] + "\" with a tip");
+    ui::MovePointer(control);
+    const std::string text = ui::TextOf(ui::Await("the tip of \"" + tip[0] + "\" to show", shown, 5));
+    if (text != tip[1]) Fail("the tip of \"" + tip[0] + "\" says \"" + text + "\", not \"" + tip[1] + "\"");
+    ui::MovePointer(nullptr);
+    ui::AwaitTrue("the tip of \"" + tip[0] + "\" to go as the pointer leaves", [&] { return !shown(); }, 5);
+  }
 }
 
 // The version and renderer buttons as what is installed sets them, with no box beside them.
@@ -240,14 +332,16 @@ HWND StartUp(const Scenario& s) {
   return main;
 }
 
-// Start-up, then Help and the Custom Options window.
+// Start-up, the look and tips, then Help from the keyboard and the Custom Options window.
 void MainWindowTour(const Scenario& s) {
   HWND main = StartUp(s);
   Shot(s, main);
-  ::PostMessageW(main, WM_COMMAND, menu_commands::kHelp, 0);
+  Look(s, main);
+  ShowTips(s, main);
+  ui::Host("xdotool key alt h e");  // Help, Help
   AwaitOpened(ui::kProgramFolder + "\\help.html");
   Click(main, "Custom Test");
-  CustomWindow();
+  Look(s, CustomWindow());
   Exit(main, WM_CLOSE);
 }
 
@@ -270,7 +364,8 @@ void Tests(const Scenario& s) {
   Exit(main);
 }
 
-// A level and a mutator of the list, and an ini file of the user's own through the file dialog.
+// A level and a mutator of the list, and an ini file of the user's own through the file dialog;
+// then, for each text to type, a run, and the text typed into the box for the next.
 void CustomOptions(const Scenario& s) {
   HWND main = MainWindow();
   Click(main, "800x600");
@@ -284,48 +379,52 @@ void CustomOptions(const Scenario& s) {
   HWND dialog = ui::AwaitTop(L"#32770", "Open");
   if (!::IsWindowVisible(::GetDlgItem(dialog, kReadOnlyBox))) Fail("the file dialog has no read-only box");
   ui::ChooseFile(kOwnIni);
-  ui::AwaitTrue("the chosen file in the text box",
-                [&] { return ui::TextOf(ui::FindChild(custom, L"Edit", -1)) == kOwnIni; });
+  HWND box = ui::FindChild(custom, L"Edit", -1);
+  ui::AwaitTrue("the chosen file in the text box", [&] { return ui::TextOf(box) == kOwnIni; }, 5);
   Shot(s, custom);
-  Click(custom, "Run Test");
-  AwaitOpened(s.Results());
-  CheckNext(s);
+  Look(s, custom);
+  const auto run = [&] {
+    Click(custom, "Run Test");
+    AwaitOpened(s.Results());
+    CheckNext(s);
+  };
+  for (const Fields& typed : s.All("type")) {  // a run, then the text typed into the box Max Detail empties
+    run();
+    Click(custom, "Max Detail");
+    Click(custom, "Custom ini");
+    ui::Type(box, typed[0]);
+  }
+  run();
   Exit(main, WM_CLOSE);
 }
 
-// The About window: its texts, the banner's web site, Enter on System Info, and the keys and
-// the button that close it.
+// The About window, opened from the keyboard: its texts, look and tips, the banner's web site,
+// Enter on System Info, and the keys and the button that close it.
 void About(const Scenario& s) {
   HWND main = MainWindow();
-  auto open = [&] {
-    ::PostMessageW(main, WM_COMMAND, menu_commands::kAbout, 0);
+  const auto open = [&](bool byKeys) {
+    byKeys ? ui::Host("xdotool key alt h a") : (void)::PostMessageW(main, WM_COMMAND, menu_commands::kAbout, 0);
     return ui::AwaitTop(ui::kFormClass, "About " + ui::kTitle);
   };
-  HWND about = open();
+  HWND about = open(true);  // the first time from the keyboard: Help, About
   for (const std::string& text : {std::string("Version " KELVARNITE_VERSION), ui::kTitle}) {  // as built
-    ui::Await("the label " + text, [&] { return ui::FindChild(about, text); });
+    if (!ui::FindChild(about, text)) Fail("the About window has no label " + text);
   }
   Shot(s, about);
-  HWND banner = ui::FindChildWhere(about, [](HWND c) { return ::SendMessageW(c, STM_GETIMAGE, IMAGE_BITMAP, 0) != 0; });
-  if (banner == nullptr) Fail("the About window shows no banner");
+  Look(s, about);
   // Its two tool tips are made when the pointer first comes to a control that has one.
-  const auto tips = [&] {
-    HWND tip = nullptr;
-    while ((tip = ::FindWindowExW(nullptr, tip, L"tooltips_class32", nullptr)) && ::GetWindow(tip, GW_OWNER) != about) {}
-    return tip != nullptr ? ::SendMessageW(tip, TTM_GETTOOLCOUNT, 0, 0) : -1;
-  };
-  if (tips() != -1) Fail("the About window made its tool tips before the pointer came");
-  ::PostMessageW(banner, WM_MOUSEMOVE, 0, MAKELPARAM(2, 2));
-  ui::AwaitTrue("the About window's two tool tips", [&] { return tips() == 2; });
-  ui::ClickWithMouse(banner);
+  if (TipOf(about)) Fail("the About window made its tool tips before the pointer came");
+  ShowTips(s, about);
+  if (::SendMessageW(TipOf(about), TTM_GETTOOLCOUNT, 0, 0) != 2) Fail("the About window has not two tool tips");
+  ui::MovePointer(Picture(about));
+  ui::Host("xdotool click 1");
   AwaitOpened("http://www.kelvarnite.example/");
-  ui::PressKey(about, VK_TAB);  // from OK to System Info, where Enter presses that button
-  ui::PressKey(about, VK_RETURN);
+  ui::Host("xdotool key Tab Return");  // from OK to System Info, where Enter presses that button
   AwaitOpened(ui::kDriverFolder + "\\opener.exe");
   if (!::IsWindow(about)) Fail("Enter on System Info closed the About window");
-  for (const int close : {VK_ESCAPE, VK_RETURN, 0}) {  // 0: the OK button
-    if (close != VK_ESCAPE) about = open();
-    close != 0 ? ui::PressKey(about, close) : Click(about, "OK");
+  for (const std::string close : {"Escape", "Return", ""}) {  // "": the OK button
+    if (close != "Escape") about = open(false);
+    close.empty() ? Click(about, "OK") : ui::Host("xdotool key " + close);
     ui::AwaitTrue("the About window to close", [&] { return !::IsWindow(about); });
   }
   Exit(main);
@@ -338,9 +437,9 @@ void CommandLine(const Scenario& s) {
   const std::vector<Fields> lines = s.All("arguments");
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (i > 0) ui::StartProgram(s.Get("program", ui::kProgramFolder) + "\\" + ui::kProgramExe, lines[i][0]);
+    ui::AwaitProgramEnd(240);
     DWORD code = 0;
-    if (::WaitForSingleObject(ui::Program(), 240000) != WAIT_OBJECT_0 || !::GetExitCodeProcess(ui::Program(), &code))
-      Fail("the program did not end");
+    if (!::GetExitCodeProcess(ui::Program(), &code)) Fail("the program's exit code cannot be read");
     if (std::to_string(code) != s.List("exit").at(i)) Fail("the exit code is " + std::to_string(code));
   }
   for (const Fields& document : s.All("document")) AwaitOpened(document[0]);
@@ -351,15 +450,12 @@ void CommandLine(const Scenario& s) {
 // Tab round a window once: of each option group the focus lands on the selected button alone,
 // so that a Space there changes nothing, and those buttons are the ones given.
 void TabRound(HWND window, const std::set<std::string>& selected) {
-  GUITHREADINFO info{};
-  info.cbSize = sizeof(info);
-  const DWORD thread = ::GetWindowThreadProcessId(window, nullptr);
-  auto focus = [&] { return ::GetGUIThreadInfo(thread, &info) ? info.hwndFocus : nullptr; };
+  auto focus = [&] { return ThreadOf(window).hwndFocus; };
   std::set<HWND> visited;
   std::set<std::string> landed;
   for (HWND at = focus(); visited.size() < 40;) {
-    ui::PressKey(window, VK_TAB);
-    at = ui::Await("the focus to move on", [&] { return focus() != at ? focus() : nullptr; });
+    ui::Host("xdotool key Tab");
+    at = ui::Await("the focus to move on", [&] { return focus() != at ? focus() : nullptr; }, 5);
     if (!visited.insert(at).second) break;
     if ((::GetWindowLongW(at, GWL_STYLE) & BS_TYPEMASK) != BS_RADIOBUTTON) continue;
     landed.insert(ui::TextOf(at));

@@ -9,6 +9,7 @@ namespace ui {
 namespace {
 
 PROCESS_INFORMATION program{};
+bool endExpected = false;  // from the wait for its end on
 
 // The message box's icon, and the file dialog's file name.
 constexpr int kBoxIcon = 0x440;
@@ -46,11 +47,26 @@ HWND FirstOf(const std::vector<HWND>& windows, const std::function<bool(HWND)>& 
   return nullptr;
 }
 
-HWND AwaitControl(HWND window, const std::string& caption) {
-  return Await("the control \"" + caption + "\"", [&] { return FindChild(window, caption); });
+// A window's controls are there by the time it shows.
+HWND Control(HWND window, const std::string& caption) {
+  HWND control = FindChild(window, caption);
+  if (!control) Fail("the window \"" + TextOf(window) + "\" has no control \"" + caption + "\"");
+  return control;
 }
 
-// Every text the driver reads or writes is ASCII.
+// A command line started in a folder, or in the driver's own.
+PROCESS_INFORMATION Start(const std::string& line, const std::string& folder = "") {
+  std::wstring wide = Wide(line);
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  PROCESS_INFORMATION started{};
+  if (!::CreateProcessW(nullptr, wide.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        folder.empty() ? nullptr : Wide(folder).c_str(), &startup, &started))
+    Fail("cannot start " + line + ", error " + std::to_string(::GetLastError()));
+  return started;
+}
+
+// The way back of Wide, for the texts the driver reads.
 std::string Narrow(const std::wstring& text) { return std::string(text.begin(), text.end()); }
 
 }  // namespace
@@ -94,6 +110,8 @@ std::vector<std::string> Lines(const std::string& bytes) {
 HWND Await(const std::string& what, const std::function<HWND()>& ready, int seconds) {
   for (const DWORD start = ::GetTickCount();; ::Sleep(20)) {
     if (HWND found = ready()) return found;
+    if (!endExpected && ::WaitForSingleObject(program.hProcess, 0) == WAIT_OBJECT_0)
+      Fail("the program ended while waiting for " + what);
     if (::GetTickCount() - start > static_cast<DWORD>(seconds) * 1000) Fail("timed out waiting for " + what);
   }
 }
@@ -103,28 +121,24 @@ void AwaitTrue(const std::string& what, const std::function<bool()>& ready, int 
 }
 
 void StartProgram(const std::string& exe, const std::string& arguments) {
-  std::wstring line = L"\"" + Wide(exe) + L"\"" + (arguments.empty() ? L"" : L" " + Wide(arguments));
-  std::wstring folder = Wide(exe.substr(0, exe.find_last_of('\\')));
-  STARTUPINFOW startup{};
-  startup.cb = sizeof(startup);
-  if (!::CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                        folder.c_str(), &startup, &program)) {
-    Fail("cannot start " + exe + ", error " + std::to_string(::GetLastError()));
-  }
+  endExpected = false;
+  program = Start("\"" + exe + "\"" + (arguments.empty() ? "" : " " + arguments),
+                  exe.substr(0, exe.find_last_of('\\')));
 }
 
 HANDLE Program() { return program.hProcess; }
 
-void AwaitProgramEnd() {
-  if (::WaitForSingleObject(program.hProcess, 20000) != WAIT_OBJECT_0) Fail("the program did not end");
+void AwaitProgramEnd(int seconds) {
+  endExpected = true;
+  if (::WaitForSingleObject(program.hProcess, seconds * 1000) != WAIT_OBJECT_0) Fail("the program did not end");
 }
 
 HWND FindTop(const wchar_t* windowClass, const std::string& title) {
   return FirstOf(Windows(nullptr), [&](HWND w) { return ClassOf(w) == windowClass && (title.empty() || TextOf(w) == title); });
 }
 
-HWND AwaitTop(const wchar_t* windowClass, const std::string& title) {
-  return Await("the window \"" + title + "\"", [&] { return FindTop(windowClass, title); });
+HWND AwaitTop(const wchar_t* windowClass, const std::string& title, int seconds) {
+  return Await("the window \"" + title + "\"", [&] { return FindTop(windowClass, title); }, seconds);
 }
 
 HWND FindChildWhere(HWND parent, const std::function<bool(HWND)>& test) { return FirstOf(Windows(parent), test); }
@@ -151,24 +165,14 @@ std::string TextOf(HWND window) {
 }
 
 void Click(HWND window, const std::string& caption) {
-  HWND control = AwaitControl(window, caption);
+  HWND control = Control(window, caption);
   // A posted click acts on a disabled button too; a user's click would not.
   AwaitTrue("\"" + caption + "\" to be enabled", [&] { return ::IsWindowEnabled(control) != 0; });
   ::PostMessageW(control, BM_CLICK, 0, 0);
 }
 
-void PressKey(HWND window, WPARAM key) {
-  ::PostMessageW(window, WM_KEYDOWN, key, 1);
-  ::PostMessageW(window, WM_KEYUP, key, 0xC0000001);
-}
-
-void ClickWithMouse(HWND control) {
-  ::PostMessageW(control, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2));
-  ::PostMessageW(control, WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
-}
-
 void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled) {
-  HWND control = AwaitControl(window, caption);
+  HWND control = Control(window, caption);
   const std::string state = std::string(checked ? "checked" : "unchecked") + " and " + (enabled ? "enabled" : "disabled");
   AwaitTrue("\"" + caption + "\" to be " + state, [&] {
     const bool checkedNow = ::SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
@@ -197,14 +201,14 @@ void AnswerBox(const std::string& title, const std::string& text, bool criticalI
 
 void ChooseFile(const std::string& path) {
   HWND dialog = AwaitTop(L"#32770", "Open");
-  HWND name = Await("the file name box", [&] { return FindChild(dialog, L"Edit", kDialogFileName); });
-  ::SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(path).c_str()));
+  HWND name = FindChild(dialog, L"Edit", kDialogFileName);
+  Type(name, path);
   ::PostMessageW(FindChild(dialog, L"Button", IDOK), BM_CLICK, 0, 0);
   AwaitTrue("the file dialog to close", [&] { return !::IsWindow(dialog); });
 }
 
 void SelectListEntry(HWND window, const std::string& entry) {
-  HWND list = Await("the drop-down list", [&] { return FindChild(window, L"ComboBox", -1); });
+  HWND list = FindChild(window, L"ComboBox", -1);
   const LRESULT index = ::SendMessageW(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                        reinterpret_cast<LPARAM>(Wide(entry).c_str()));
   if (index == CB_ERR) Fail("the list has no entry \"" + entry + "\"");
@@ -214,27 +218,32 @@ void SelectListEntry(HWND window, const std::string& entry) {
                  reinterpret_cast<LPARAM>(list));
 }
 
-void SaveScreenshot(HWND window, const std::string& path) {
-  RECT rect{};
-  ::GetWindowRect(window, &rect);
-  const int width = rect.right - rect.left, height = rect.bottom - rect.top;
-  BITMAPINFOHEADER info{sizeof(info), width, height, 1, 24, BI_RGB, 0, 0, 0, 0, 0};
-  void* bits = nullptr;
-  const win32::WindowDC screen(nullptr);
-  const win32::Scoped<HDC, ::DeleteDC> memory(::CreateCompatibleDC(screen.get()));
-  const win32::ScopedGdiObject bitmap(::CreateDIBSection(screen.get(), reinterpret_cast<BITMAPINFO*>(&info),
-                                                         DIB_RGB_COLORS, &bits, nullptr, 0));
-  if (!bitmap.valid()) Fail("cannot make a picture of " + std::to_string(width) + "x" + std::to_string(height));
-  const win32::SelectScope selected(memory.get(), bitmap.get());
-  ::BitBlt(memory.get(), 0, 0, width, height, screen.get(), rect.left, rect.top, SRCCOPY);
-  ::GdiFlush();
-  const std::string pixels(static_cast<const char*>(bits), ((width * 3 + 3) & ~3) * height);
+// Wine starts a Unix program too, from drive Z:, the host's root, but gives back no handle to
+// wait on: each caller waits for what the command does instead.
+void Host(const std::string& command) { Start("Z:\\bin\\sh -c \"" + command + "\""); }
 
-  const DWORD offset = sizeof(BITMAPFILEHEADER) + sizeof(info);
-  const BITMAPFILEHEADER file{0x4D42 /* "BM" */, offset + static_cast<DWORD>(pixels.size()), 0, 0, offset};
-  std::string bytes(reinterpret_cast<const char*>(&file), sizeof(file));
-  bytes.append(reinterpret_cast<const char*>(&info), sizeof(info));
-  WriteBytes(path, bytes + pixels);
+void MovePointer(HWND window) {
+  RECT r{1000, 760, 1000, 760};
+  if (window) ::GetWindowRect(window, &r);
+  Host("xdotool mousemove " + std::to_string((r.left + r.right) / 2) + " " + std::to_string((r.top + r.bottom) / 2));
+}
+
+void Type(HWND box, const std::string& text) {
+  for (const char c : text) ::PostMessageW(box, WM_CHAR, static_cast<unsigned char>(c), 1);
+  AwaitTrue("the box to show the typed \"" + text + "\"", [&] { return TextOf(box) == text; }, 5);
+}
+
+std::vector<std::string> Probe(HWND window) {
+  static const HMODULE probe = ::LoadLibraryW(Wide(kDriverFolder + "\\probe.dll").c_str());
+  const auto hook = reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(::GetProcAddress(probe, "Probe")));
+  ::DeleteFileW(Wide(kProbeFile).c_str());
+  const win32::Scoped<HHOOK, ::UnhookWindowsHookEx> hooked(
+      hook ? ::SetWindowsHookExW(WH_GETMESSAGE, hook, probe, ::GetWindowThreadProcessId(window, nullptr)) : nullptr);
+  if (!hooked.valid()) Fail("cannot hook probe.dll into the program");
+  ::PostMessageW(window, ::RegisterWindowMessageA(kProbeMessage), 0, 0);
+  std::optional<std::string> read;
+  AwaitTrue("the probe's answer", [&] { return (read = ReadBytes(kProbeFile)).has_value(); }, 5);
+  return Lines(*read);
 }
 
 }  // namespace ui

@@ -49,11 +49,12 @@ void AwaitTrue(const std::string& what, const std::function<bool()>& ready, int 
 // The program under test: its process, started from its exe, with the arguments given.
 void StartProgram(const std::string& exe, const std::string& arguments = "");
 HANDLE Program();
-void AwaitProgramEnd();
+void AwaitProgramEnd(int seconds = 20);
 
 // A visible top-level window of the program by class and title; an empty title matches any.
 HWND FindTop(const wchar_t* windowClass, const std::string& title);
-HWND AwaitTop(const wchar_t* windowClass, const std::string& title);
+// Waits for it for the given time: the program opens a window at once, but starts more slowly.
+HWND AwaitTop(const wchar_t* windowClass, const std::string& title, int seconds = 10);
 // A child window, at any depth, by its text, or by its class and id (-1: any id), or the first
 // that passes a test.
 HWND FindChild(HWND parent, const std::string& text);
@@ -63,10 +64,6 @@ std::string TextOf(HWND window);
 
 // Posts a click on the control with this caption, once it is enabled.
 void Click(HWND window, const std::string& caption);
-// A key pressed in a window, which the program's loop hands to the dialog manager; and a click
-// of the mouse on a control that is not a button.
-void PressKey(HWND window, WPARAM key);
-void ClickWithMouse(HWND control);
 // Waits until the control's check mark and enabled state are as given.
 void AwaitState(HWND window, const std::string& caption, bool checked, bool enabled);
 // A message box: waits for it, checks it, and presses OK.
@@ -74,7 +71,20 @@ void AnswerBox(const std::string& title, const std::string& text, bool criticalI
 // The open-file dialog: types the path into its file name and presses Open.
 void ChooseFile(const std::string& path);
 void SelectListEntry(HWND window, const std::string& entry);
-// Saves a picture of the window as it is on the screen, as a 24-bit BMP file.
-void SaveScreenshot(HWND window, const std::string& path);
+
+// ---- What only the display or the program's own process sees ---------------------------------
+// A command of the host's shell, where xdotool gives real input on the display, as a user does
+// ("xdotool key alt h a": the keys go to the window in front), and ImageMagick takes pictures.
+void Host(const std::string& command);
+// The pointer to the middle of a window, or with none to the screen's far corner.
+void MovePointer(HWND window);
+// Types the text into an edit box, a WM_CHAR a character, and waits until the box shows it.
+void Type(HWND box, const std::string& text);
+// The probe, probe.dll hooked into the program's thread, reads what no other process can: the
+// entries a user can choose in a window's menu bar and system menu, "<path><caption> = <id>"
+// each, a drop-down's path "<caption> > ", the system menu's "system > ".
+inline const std::string kProbeFile = kDriverFolder + "\\probe.txt";
+constexpr char kProbeMessage[] = "KelvarniteProbe";
+std::vector<std::string> Probe(HWND window);
 
 }  // namespace ui
