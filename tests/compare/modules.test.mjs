@@ -137,6 +137,7 @@ test('each figure as the CSV, the cells of a table and the tool tips give it, al
   const keys = keysOf(runs);
   const groups = comparedGroups(runs, keys, false);
   const view = { groups, keys, base: groups[0], margin, cells: cellsOf(groups, keys, groups[0], margin), headlines: [] };
+  view.headlines = summaryOf(view, []).rows;
   assert.deepEqual(csvText(view).slice(1).split('\r\n'), csv);
   assert.deepEqual(String(tableHtml(1, view)).match(/<td[^>]*>.*?<\/td>/g).map((td) => td.replace(/<br>/g, '|').replace(/<[^>]*>/g, '')), cells);
   assert.deepEqual(view.cells[1][0].map((c) => c.st && tipText(view, c, keys[0])), tips);
