@@ -28,7 +28,8 @@ export function differenceText(vs) {
 }
 
 // Each figure: its CSV heads and values, its text on a line of the cell (null for none), and its
-// words in the tool tip (null for none); a figure with no cell or no tip at all leaves it out. The view gives the baseline's name and the margin.
+// words in the tool tip (null for none); a figure with no cell or no tip at all leaves it out.
+// The view gives the baseline's name and the margin.
 export function figuresOf({ base, margin }) {
   return [
     { heads: ['Mean'], csv: (c) => [six(c.st?.mean)], line: 0, cell: (c) => fps(c.st.mean),
