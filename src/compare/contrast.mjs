@@ -19,6 +19,7 @@ const toPercent = (log) => (Math.exp(log) - 1) * 100;
 function decide(d, h95, h90, margin) {
   if (toPercent(d - h95) > 0) return 'faster';
   if (toPercent(d + h95) < 0) return 'slower';
+  // Stryker disable next-line EqualityOperator: no double e makes (e - 1) 100 exactly 1, 2, 3 or 5, or their negatives
   return toPercent(d - h90) > -margin && toPercent(d + h90) < margin ? 'same' : null;
 }
 

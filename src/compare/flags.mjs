@@ -15,26 +15,27 @@ function median(values) {
 
 // The modified z-score of each value, 0.6745 (x - median) / MAD. Where more than half the values
 // are equal, the MAD is 0, and the mean absolute deviation stands in for it (scaled by 1.2533, as
-// the MAD by 1 / 0.6745, to the standard deviation of a normal spread). Null for fewer than
-// three, where the median cannot tell which value is the odd one.
+// the MAD by 1 / 0.6745, to the standard deviation of a normal spread). Two values lie 0.6745
+// from their median, far inside any cut: the median cannot tell which is the odd one. Values all
+// equal have no scale, and their scores, 0 / 0, lie beyond no cut.
 function modifiedZ(values) {
-  if (values.length < 3) return null;
   const mid = median(values);
   const away = values.map((v) => Math.abs(v - mid));
   const mad = median(away);
-  const scale = mad ? mad / 0.6745 : 1.253314 * away.reduce((s, v) => s + v, 0) / away.length;
-  return values.map((v) => (scale ? (v - mid) / scale : 0));
+  const scale = mad ? mad / 0.6745 : 1.253314 * describe(away).mean;
+  return values.map((v) => (v - mid) / scale);
 }
 
 // The places of the values whose modified z-score lies beyond the cut.
 export function outliers(values) {
-  return (modifiedZ(values) || []).flatMap((z, i) => (Math.abs(z) > OUTLIER_Z ? [i] : []));
+  return modifiedZ(values).flatMap((z, i) => (Math.abs(z) > OUTLIER_Z ? [i] : []));
 }
 
 // A cold start: the first repeat lies below every other and below the one-sided 95 % bound of
 // prediction of the others, mean - t(0.95, k - 1) sd sqrt(1 + 1/k) for k others; so two others
 // that agree closely flag a small drop, and two far apart only a large one.
 export function coldStart(values) {
+  // Stryker disable next-line ConditionalExpression: with one other, its sd and t of 0 degrees are not numbers, below which nothing lies
   if (values.length < 3) return false;
   const others = describe(values.slice(1));
   return values[0] < Math.min(...values.slice(1)) &&
@@ -43,9 +44,11 @@ export function coldStart(values) {
 
 // Drift: the slope of the values against run order, or against the times the runs started, by
 // least squares, where its t-test puts it beyond 0 at 5 % (two-sided); "slower" or "faster", or
-// null. Three repeats are the fewest with a spread about a line.
+// null. Three repeats are the fewest with a spread about a line. A flat line has a t of 0, and
+// times all the same one of 0 / 0, neither beyond 0.
 export function drift(values, times = values.map((_, i) => i)) {
   const n = values.length;
+  // Stryker disable next-line ConditionalExpression: two lie on their line, whose spread over 0 degrees gives a t of 0 or not a number
   if (n < 3) return null;
   const mx = times.reduce((s, x) => s + x, 0) / n;
   const my = values.reduce((s, y) => s + y, 0) / n;
@@ -54,11 +57,11 @@ export function drift(values, times = values.map((_, i) => i)) {
   let syy = 0;
   values.forEach((y, i) => {
     sxx += (times[i] - mx) ** 2;
-    sxy += (times[i] - mx) * (y - my);
+    sxy += (times[i] - mx) * y;
     syy += (y - my) ** 2;
   });
-  if (!sxx || !sxy) return null;
   const slope = sxy / sxx;
   const t = slope / Math.sqrt(Math.max(0, syy - slope * sxy) / (n - 2) / sxx);
+  // Stryker disable next-line EqualityOperator: 2 (1 - P) is a multiple of 2^-52, which 0.05 is not; a slope of 0 has a t of 0
   return 2 * (1 - studentCdf(Math.abs(t), n - 2)) < 0.05 ? (slope < 0 ? 'slower' : 'faster') : null;
 }

@@ -9,7 +9,7 @@ import { figuresOf } from './figures.mjs';
 function cellLines(figures, c) {
   const lines = [];
   for (const f of figures) {
-    const text = f.cell(c);
+    const text = f.cell?.(c) ?? null;
     if (text !== null) lines[f.line] = (lines[f.line] || '') + text;
   }
   return lines.filter(Boolean);
